@@ -1,0 +1,32 @@
+# Finds what the build needs. A missing dependency stops the configuration with
+# the name of the Debian package that provides it; scripts/setup.sh installs them all.
+
+function(tolv_missing_package what package)
+  message(FATAL_ERROR
+    "${what} was not found. Install the Debian package '${package}' "
+    "(scripts/setup.sh installs every package the build needs).")
+endfunction()
+
+find_package(nlohmann_json 3 QUIET)
+if(NOT nlohmann_json_FOUND)
+  tolv_missing_package("nlohmann-json" nlohmann-json3-dev)
+endif()
+
+find_package(ICU 72 QUIET COMPONENTS uc i18n)
+if(NOT ICU_FOUND)
+  tolv_missing_package("ICU" libicu-dev)
+endif()
+
+if(BUILD_TESTING)
+  find_package(GTest QUIET)
+  if(NOT GTest_FOUND)
+    tolv_missing_package("GoogleTest" libgtest-dev)
+  endif()
+  if(NOT TARGET GTest::gmock)
+    tolv_missing_package("GoogleMock" libgmock-dev)
+  endif()
+  find_package(benchmark QUIET)
+  if(NOT benchmark_FOUND)
+    tolv_missing_package("Google Benchmark" libbenchmark-dev)
+  endif()
+endif()
