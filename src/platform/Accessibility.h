@@ -1,0 +1,42 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/AXTypes.h"
+#include "platform/Pid.h"
+
+namespace tolv {
+
+// The accessibility interface: the main source of windows and the main means of
+// acting on them. Stands for AXIsProcessTrusted(WithOptions),
+// AXUIElementCreateApplication, AXUIElementCopyAttributeValue,
+// AXUIElementCopyMultipleAttributeValues, AXUIElementSetAttributeValue,
+// AXUIElementPerformAction, CFHash, CFEqual and the private _AXUIElementGetWindow.
+class Accessibility {
+ public:
+  virtual ~Accessibility() = default;
+
+  virtual bool isProcessTrusted() = 0;
+  // The first check of a run, which may show the system's permission prompt.
+  virtual bool isProcessTrustedWithPrompt() = 0;
+
+  virtual AXElement applicationElement(Pid pid) = 0;
+
+  // A failed read is the AXError alternative of the result.
+  virtual AXValue copyAttribute(const AXElement& element, std::string_view attribute) = 0;
+  // One round trip for several attributes; values come in the order of the names,
+  // each possibly an AXError. No result when the call itself fails.
+  virtual std::optional<std::vector<AXValue>> copyMultipleAttributes(
+      const AXElement& element, const std::vector<std::string>& attributes) = 0;
+
+  virtual uint64_t hash(const AXElement& element) = 0;
+  virtual bool equal(const AXElement& a, const AXElement& b) = 0;
+
+  // The window-server number of a window element; 0 or nothing when unknown.
+  virtual std::optional<uint32_t> windowNumber(const AXElement& window) = 0;
+};
+
+}  // namespace tolv

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/Accessibility.h"
+#include "platform/Images.h"
+#include "platform/RunLoop.h"
+#include "platform/UserDefaults.h"
+#include "platform/WindowServer.h"
+#include "platform/Workspace.h"
+
+namespace tolv {
+
+// The services a backend provides, handed to the model at construction. The
+// backend owns them and outlives the model.
+struct Platform {
+  RunLoop* runLoop = nullptr;
+  Accessibility* accessibility = nullptr;
+  Workspace* workspace = nullptr;
+  WindowServer* windowServer = nullptr;
+  UserDefaults* userDefaults = nullptr;
+  Images* images = nullptr;
+};
+
+}  // namespace tolv

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/Image.h"
+#include "platform/NotificationCenter.h"
+#include "platform/Pid.h"
+
+namespace tolv {
+
+// NSApplicationActivationPolicy: only regular applications have windows that
+// become tasks.
+enum class ActivationPolicy { Regular = 0, Accessory = 1, Prohibited = 2 };
+
+// One running application as the workspace reports it (NSRunningApplication).
+struct RunningApplication {
+  Pid processIdentifier = 0;
+  ActivationPolicy activationPolicy = ActivationPolicy::Regular;
+  bool isTerminated = false;
+  bool isActive = false;
+  bool isHidden = false;
+  std::optional<std::string> localizedName;
+  std::optional<std::string> bundleIdentifier;
+  std::optional<std::string> bundleURL;
+  Image icon;
+};
+
+// Names of the workspace centre's notifications.
+namespace workspace_notification {
+inline constexpr const char* DidLaunchApplication = "NSWorkspaceDidLaunchApplicationNotification";
+inline constexpr const char* DidTerminateApplication =
+    "NSWorkspaceDidTerminateApplicationNotification";
+inline constexpr const char* DidActivateApplication =
+    "NSWorkspaceDidActivateApplicationNotification";
+inline constexpr const char* DidHideApplication = "NSWorkspaceDidHideApplicationNotification";
+inline constexpr const char* DidUnhideApplication = "NSWorkspaceDidUnhideApplicationNotification";
+inline constexpr const char* ActiveSpaceDidChange = "NSWorkspaceActiveSpaceDidChangeNotification";
+inline constexpr const char* ScreensDidSleep = "NSWorkspaceScreensDidSleepNotification";
+inline constexpr const char* ScreensDidWake = "NSWorkspaceScreensDidWakeNotification";
+inline constexpr const char* SessionDidResignActive =
+    "NSWorkspaceSessionDidResignActiveNotification";
+inline constexpr const char* SessionDidBecomeActive =
+    "NSWorkspaceSessionDidBecomeActiveNotification";
+}  // namespace workspace_notification
+
+// The running applications and what happens to them. Stands for NSWorkspace,
+// its notification centre, NSRunningApplication and NSProcessInfo.
+class Workspace {
+ public:
+  virtual ~Workspace() = default;
+
+  // In the workspace's own order.
+  virtual std::vector<RunningApplication> runningApplications() = 0;
+  virtual Pid ownProcessIdentifier() = 0;
+  // Delivers the workspace notifications on the main queue.
+  virtual NotificationCenter& notificationCenter() = 0;
+};
+
+}  // namespace tolv
