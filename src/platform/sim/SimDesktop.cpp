@@ -1,0 +1,299 @@
+#include "platform/sim/SimDesktop.h"
+
+#include <algorithm>
+
+#include "platform/sim/SimAccessibility.h"
+#include "platform/sim/SimImages.h"
+#include "platform/sim/SimUserDefaults.h"
+#include "platform/sim/SimWindowServer.h"
+#include "platform/sim/SimWorkspace.h"
+
+namespace tolv::sim {
+
+SimDesktop::SimDesktop()
+    : runLoop_(std::make_unique<SimRunLoop>()),
+      accessibility_(std::make_unique<SimAccessibility>(*this, calls_)),
+      workspace_(std::make_unique<SimWorkspace>(*this, calls_)),
+      windowServer_(std::make_unique<SimWindowServer>(*this, calls_)),
+      defaults_(std::make_unique<SimUserDefaults>(calls_)),
+      images_(std::make_unique<SimImages>(calls_)) {}
+
+SimDesktop::~SimDesktop() = default;
+
+Platform SimDesktop::platform() {
+  Platform platform;
+  platform.runLoop = runLoop_.get();
+  platform.accessibility = accessibility_.get();
+  platform.workspace = workspace_.get();
+  platform.windowServer = windowServer_.get();
+  platform.userDefaults = defaults_.get();
+  platform.images = images_.get();
+  return platform;
+}
+
+const SimApp* SimDesktop::app(Pid pid) const {
+  auto found = apps_.find(pid);
+  return found == apps_.end() ? nullptr : &found->second;
+}
+
+SimApp* SimDesktop::app(Pid pid) {
+  auto found = apps_.find(pid);
+  return found == apps_.end() ? nullptr : &found->second;
+}
+
+const SimWindow* SimDesktop::window(uint64_t id) const {
+  auto found = windows_.find(id);
+  return found == windows_.end() ? nullptr : &found->second;
+}
+
+std::vector<const SimApp*> SimDesktop::apps() const {
+  std::vector<const SimApp*> result;
+  for (Pid pid : launchOrder_)
+    result.push_back(&apps_.at(pid));
+  return result;
+}
+
+bool SimDesktop::isOnScreen(const SimWindow& window) const {
+  const SimApp* owner = app(window.pid);
+  bool onCurrentSpace = window.spec.space.empty() || window.spec.space == currentSpace_;
+  return owner && !owner->spec.hidden && !window.spec.minimized && onCurrentSpace;
+}
+
+std::vector<const SimWindow*> SimDesktop::listedWindows(Pid pid) const {
+  // AXWindows lists the windows of the current space, minimised ones included,
+  // front to back.
+  std::vector<const SimWindow*> result;
+  for (uint64_t id : stacking_) {
+    const SimWindow& window = windows_.at(id);
+    if (window.pid != pid) continue;
+    if (window.spec.space.empty() || window.spec.space == currentSpace_) result.push_back(&window);
+  }
+  return result;
+}
+
+const SimWindow* SimDesktop::findWindow(Pid pid, const WindowSelector& selector) const {
+  const SimApp* owner = app(pid);
+  if (!owner) return nullptr;
+  if (selector.index) {
+    return *selector.index < owner->windows.size() ? &windows_.at(owner->windows[*selector.index])
+                                                   : nullptr;
+  }
+  for (uint64_t id : owner->windows) {
+    const SimWindow& window = windows_.at(id);
+    if (selector.title && window.spec.title == *selector.title) return &window;
+    if (selector.number && window.number == *selector.number) return &window;
+  }
+  return nullptr;
+}
+
+SimWindow* SimDesktop::findWindowMutable(Pid pid, const WindowSelector& selector) {
+  return const_cast<SimWindow*>(findWindow(pid, selector));
+}
+
+uint32_t SimDesktop::nextFreeNumber() {
+  do {
+    ++lastNumber_;
+  } while (usedNumbers_.count(lastNumber_));
+  return lastNumber_;
+}
+
+void SimDesktop::bringToFront(uint64_t window) {
+  auto found = std::find(stacking_.begin(), stacking_.end(), window);
+  if (found != stacking_.end()) stacking_.erase(found);
+  stacking_.insert(stacking_.begin(), window);
+}
+
+void SimDesktop::postWorkspaceNotification(const char* name, std::optional<Pid> pid) {
+  Notification notification{name, pid};
+  runLoop_->post([this, notification] { workspace_->notificationCenter().post(notification); });
+}
+
+std::vector<uint64_t> SimDesktop::addApp(const AppSpec& spec) {
+  if (apps_.count(spec.pid)) quitApp(spec.pid);
+  SimApp& added = apps_[spec.pid];
+  added.spec = spec;
+  added.spec.windows.clear();
+  added.element = std::make_shared<SimElement>();
+  added.element->kind = SimElement::Kind::Application;
+  added.element->pid = spec.pid;
+  added.element->hash = freshHash();
+  added.icon = images_->named("icon:" + spec.name.value_or(std::to_string(spec.pid)));
+  launchOrder_.push_back(spec.pid);
+  for (const WindowSpec& window : spec.windows)
+    openWindow(spec.pid, window);
+  return added.windows;
+}
+
+void SimDesktop::populate(const std::vector<AppSpec>& apps) {
+  std::vector<uint64_t> inOrder;
+  for (const AppSpec& spec : apps) {
+    auto windows = addApp(spec);
+    inOrder.insert(inOrder.end(), windows.begin(), windows.end());
+    if (spec.active) activePid_ = spec.pid;
+  }
+  for (auto id = inOrder.rbegin(); id != inOrder.rend(); ++id)
+    bringToFront(*id);
+  if (activePid_) {
+    if (const SimApp* active = app(*activePid_); active && active->focusedWindow) {
+      bringToFront(*active->focusedWindow);
+    }
+  }
+}
+
+void SimDesktop::launchApp(const AppSpec& spec) {
+  // The new application's windows come up in front, in the order given.
+  auto opened = addApp(spec);
+  for (auto id = opened.rbegin(); id != opened.rend(); ++id)
+    bringToFront(*id);
+  postWorkspaceNotification(workspace_notification::DidLaunchApplication, spec.pid);
+  if (spec.active) activateApp(spec.pid);
+}
+
+void SimDesktop::quitApp(Pid pid) {
+  SimApp* quitting = app(pid);
+  if (!quitting) return;
+  for (uint64_t id : std::vector<uint64_t>(quitting->windows))
+    removeWindow(id);
+  apps_.erase(pid);
+  launchOrder_.erase(std::remove(launchOrder_.begin(), launchOrder_.end(), pid),
+                     launchOrder_.end());
+  if (activePid_ == pid) activePid_.reset();
+  postWorkspaceNotification(workspace_notification::DidTerminateApplication, pid);
+}
+
+void SimDesktop::activateApp(Pid pid) {
+  SimApp* activated = app(pid);
+  if (!activated) return;
+  activated->spec.hidden = false;
+  activePid_ = pid;
+  if (activated->focusedWindow) bringToFront(*activated->focusedWindow);
+  postWorkspaceNotification(workspace_notification::DidActivateApplication, pid);
+}
+
+void SimDesktop::hideApp(Pid pid) {
+  SimApp* hidden = app(pid);
+  if (!hidden || hidden->spec.hidden) return;
+  hidden->spec.hidden = true;
+  if (activePid_ == pid) activePid_.reset();
+  postWorkspaceNotification(workspace_notification::DidHideApplication, pid);
+}
+
+void SimDesktop::unhideApp(Pid pid) {
+  SimApp* shown = app(pid);
+  if (!shown || !shown->spec.hidden) return;
+  shown->spec.hidden = false;
+  postWorkspaceNotification(workspace_notification::DidUnhideApplication, pid);
+}
+
+uint32_t SimDesktop::openWindow(Pid pid, const WindowSpec& spec) {
+  SimApp* owner = app(pid);
+  if (!owner) return 0;
+  SimWindow window;
+  window.id = nextWindowId_++;
+  window.pid = pid;
+  window.spec = spec;
+  window.number = spec.number ? *spec.number : nextFreeNumber();
+  if (window.number != 0) usedNumbers_.insert(window.number);
+  window.element = std::make_shared<SimElement>();
+  window.element->kind = SimElement::Kind::Window;
+  window.element->pid = pid;
+  window.element->window = window.id;
+  window.element->hash = spec.hash ? *spec.hash : freshHash();
+  if (spec.hasCloseButton) {
+    window.closeButton = std::make_shared<SimElement>();
+    window.closeButton->kind = SimElement::Kind::CloseButton;
+    window.closeButton->pid = pid;
+    window.closeButton->window = window.id;
+    window.closeButton->hash = freshHash();
+  }
+  uint64_t id = window.id;
+  uint32_t number = window.number;
+  windows_.emplace(id, std::move(window));
+  owner->windows.push_back(id);
+  // An application's focused window is the one marked focused, else its first.
+  if (spec.focused || !owner->focusedWindow) owner->focusedWindow = id;
+  bringToFront(id);
+  return number;
+}
+
+void SimDesktop::removeWindow(uint64_t id) {
+  auto found = windows_.find(id);
+  if (found == windows_.end()) return;
+  Pid pid = found->second.pid;
+  usedNumbers_.erase(found->second.number);
+  windows_.erase(found);
+  stacking_.erase(std::remove(stacking_.begin(), stacking_.end(), id), stacking_.end());
+  if (SimApp* owner = app(pid)) {
+    owner->windows.erase(std::remove(owner->windows.begin(), owner->windows.end(), id),
+                         owner->windows.end());
+    if (owner->focusedWindow == id) {
+      // Focus passes to the frontmost remaining window of the application.
+      owner->focusedWindow.reset();
+      for (uint64_t candidate : stacking_) {
+        if (windows_.at(candidate).pid == pid) {
+          owner->focusedWindow = candidate;
+          break;
+        }
+      }
+    }
+  }
+}
+
+bool SimDesktop::closeWindow(Pid pid, const WindowSelector& selector) {
+  const SimWindow* closing = findWindow(pid, selector);
+  if (!closing) return false;
+  removeWindow(closing->id);
+  return true;
+}
+
+bool SimDesktop::changeWindow(Pid pid, const WindowSelector& selector, const WindowChange& change) {
+  SimWindow* changed = findWindowMutable(pid, selector);
+  if (!changed) return false;
+  WindowSpec& spec = changed->spec;
+  if (change.title) spec.title = *change.title;
+  if (change.identifier) spec.identifier = *change.identifier;
+  if (change.size) spec.size = *change.size;
+  if (change.position) spec.position = *change.position;
+  if (change.minimized) spec.minimized = *change.minimized;
+  if (change.space) spec.space = *change.space;
+  if (change.layer) spec.layer = *change.layer;
+  return true;
+}
+
+bool SimDesktop::focusWindow(Pid pid, const WindowSelector& selector) {
+  const SimWindow* focused = findWindow(pid, selector);
+  if (!focused) return false;
+  app(pid)->focusedWindow = focused->id;
+  bringToFront(focused->id);
+  if (activePid_ != pid) activateApp(pid);
+  return true;
+}
+
+void SimDesktop::setAppResponding(Pid pid, bool responding) {
+  if (SimApp* target = app(pid)) target->spec.responding = responding;
+}
+
+void SimDesktop::setMultipleAttributeCallsFail(Pid pid, bool fail) {
+  if (SimApp* target = app(pid)) target->multipleAttributeCallsFail = fail;
+}
+
+bool SimDesktop::failAttribute(Pid pid, const WindowSelector& selector,
+                               const std::string& attribute, bool fail) {
+  SimWindow* target = findWindowMutable(pid, selector);
+  if (!target) return false;
+  if (fail) {
+    target->failingAttributes.insert(attribute);
+  } else {
+    target->failingAttributes.erase(attribute);
+  }
+  return true;
+}
+
+bool SimDesktop::listWindowTwice(Pid pid, const WindowSelector& selector, bool twice) {
+  SimWindow* target = findWindowMutable(pid, selector);
+  if (!target) return false;
+  target->listedTwice = twice;
+  return true;
+}
+
+}  // namespace tolv::sim

@@ -1,0 +1,200 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "platform/AXTypes.h"
+#include "platform/Platform.h"
+#include "platform/sim/CallCounter.h"
+#include "platform/sim/SimRunLoop.h"
+
+namespace tolv::sim {
+
+struct WindowSpec {
+  std::string title;
+  // No identifier at all when absent; an empty one is published as "".
+  std::optional<std::string> identifier;
+  std::string role = ax::WindowRole;
+  AXSize size{800, 600};
+  AXPoint position{0, 0};
+  // The window-server number; the next free one when absent, none at all when 0.
+  std::optional<uint32_t> number;
+  // The space the window stands on; the current space when empty.
+  std::string space;
+  bool minimized = false;
+  bool focused = false;
+  int64_t layer = 0;
+  // The element's CFHash; a fresh value when absent.
+  std::optional<uint64_t> hash;
+  bool hasCloseButton = true;
+};
+
+struct AppSpec {
+  Pid pid = 0;
+  std::optional<std::string> bundleIdentifier;
+  std::optional<std::string> name;
+  std::optional<std::string> bundleURL;
+  ActivationPolicy policy = ActivationPolicy::Regular;
+  bool active = false;
+  bool hidden = false;
+  bool responding = true;
+  std::vector<WindowSpec> windows;
+};
+
+// Picks one window of an application: by title, by number, or by its position
+// in the application's window list.
+struct WindowSelector {
+  std::optional<std::string> title{};
+  std::optional<uint32_t> number{};
+  std::optional<size_t> index{};
+};
+
+// Fields of a window that a desktop event may change.
+struct WindowChange {
+  std::optional<std::string> title{};
+  std::optional<std::optional<std::string>> identifier{};
+  std::optional<AXSize> size{};
+  std::optional<AXPoint> position{};
+  std::optional<bool> minimized{};
+  std::optional<std::string> space{};
+  std::optional<int64_t> layer{};
+};
+
+// The element behind an AXElement handle of the simulated desktop.
+struct SimElement {
+  enum class Kind { Application, Window, CloseButton };
+  Kind kind = Kind::Window;
+  Pid pid = 0;
+  uint64_t window = 0;  // the window's id, for window and close-button elements
+  uint64_t hash = 0;
+};
+
+struct SimWindow {
+  uint64_t id = 0;
+  Pid pid = 0;
+  WindowSpec spec;
+  uint32_t number = 0;
+  std::shared_ptr<SimElement> element;
+  std::shared_ptr<SimElement> closeButton;
+  std::set<std::string> failingAttributes;
+  bool listedTwice = false;
+};
+
+struct SimApp {
+  AppSpec spec;
+  std::shared_ptr<SimElement> element;
+  std::vector<uint64_t> windows;  // in the order they were opened
+  std::optional<uint64_t> focusedWindow;
+  bool multipleAttributeCallsFail = false;
+  Image icon;
+};
+
+class SimAccessibility;
+class SimWorkspace;
+class SimWindowServer;
+class SimUserDefaults;
+class SimImages;
+
+// A macOS-like desktop in memory: applications, windows, their accessibility
+// elements and the window server's view of them, user defaults and a virtual
+// clock. It counts every platform call and can be told to misbehave in the ways
+// real applications do.
+class SimDesktop {
+ public:
+  static constexpr Pid kOwnPid = 99;
+  static constexpr const char* kMainSpace = "Main";
+
+  SimDesktop();
+  ~SimDesktop();
+  SimDesktop(const SimDesktop&) = delete;
+  SimDesktop& operator=(const SimDesktop&) = delete;
+
+  Platform platform();
+  SimRunLoop& runLoop() { return *runLoop_; }
+  CallCounter& calls() { return calls_; }
+  SimUserDefaults& defaults() { return *defaults_; }
+  SimWorkspace& workspace() { return *workspace_; }
+  SimImages& images() { return *images_; }
+
+  // The desktop as it is before Tolv starts: the applications already run,
+  // their windows stand front to back in the order given, except that the
+  // focused window of the active application stands in front. Nothing is announced.
+  void populate(const std::vector<AppSpec>& apps);
+
+  // What other applications and the user do. Each event that the workspace
+  // would announce posts its notification on the main queue.
+  void launchApp(const AppSpec& spec);
+  void quitApp(Pid pid);
+  void activateApp(Pid pid);
+  void hideApp(Pid pid);
+  void unhideApp(Pid pid);
+  uint32_t openWindow(Pid pid, const WindowSpec& spec);
+  bool closeWindow(Pid pid, const WindowSelector& selector);
+  bool changeWindow(Pid pid, const WindowSelector& selector, const WindowChange& change);
+  bool focusWindow(Pid pid, const WindowSelector& selector);
+
+  // Faults.
+  void setAccessibilityGranted(bool granted) { accessibilityGranted_ = granted; }
+  void setAppResponding(Pid pid, bool responding);
+  void setMultipleAttributeCallsFail(Pid pid, bool fail);
+  bool failAttribute(Pid pid, const WindowSelector& selector, const std::string& attribute,
+                     bool fail);
+  bool listWindowTwice(Pid pid, const WindowSelector& selector, bool twice);
+
+  // What the desktop is now.
+  bool accessibilityGranted() const { return accessibilityGranted_; }
+  const std::string& currentSpace() const { return currentSpace_; }
+  const SimApp* app(Pid pid) const;
+  SimApp* app(Pid pid);
+  const SimWindow* window(uint64_t id) const;
+  const SimWindow* findWindow(Pid pid, const WindowSelector& selector) const;
+  std::optional<Pid> activePid() const { return activePid_; }
+  // Applications in launch order, terminated ones left out.
+  std::vector<const SimApp*> apps() const;
+  // Every window, front to back.
+  const std::vector<uint64_t>& stacking() const { return stacking_; }
+  // The windows that AXWindows lists for an application, front to back.
+  std::vector<const SimWindow*> listedWindows(Pid pid) const;
+  // A window is on screen when it isn't minimised, its application isn't hidden
+  // and it stands on the current space.
+  bool isOnScreen(const SimWindow& window) const;
+
+ private:
+  friend class SimAccessibility;
+
+  SimWindow* findWindowMutable(Pid pid, const WindowSelector& selector);
+  void bringToFront(uint64_t window);
+  void removeWindow(uint64_t window);
+  void postWorkspaceNotification(const char* name, std::optional<Pid> pid);
+  // Adds the application and its windows; returns the windows in the order given.
+  std::vector<uint64_t> addApp(const AppSpec& spec);
+  uint32_t nextFreeNumber();
+  uint64_t freshHash() { return nextHash_++; }
+
+  std::unique_ptr<SimRunLoop> runLoop_;
+  CallCounter calls_;
+  std::unique_ptr<SimAccessibility> accessibility_;
+  std::unique_ptr<SimWorkspace> workspace_;
+  std::unique_ptr<SimWindowServer> windowServer_;
+  std::unique_ptr<SimUserDefaults> defaults_;
+  std::unique_ptr<SimImages> images_;
+
+  bool accessibilityGranted_ = true;
+  std::string currentSpace_ = kMainSpace;
+  std::map<Pid, SimApp> apps_;
+  std::vector<Pid> launchOrder_;
+  std::map<uint64_t, SimWindow> windows_;
+  std::vector<uint64_t> stacking_;
+  std::optional<Pid> activePid_;
+  uint64_t nextWindowId_ = 1;
+  uint64_t nextHash_ = 0x5a17'0000;
+  std::set<uint32_t> usedNumbers_;
+  uint32_t lastNumber_ = 100;
+};
+
+}  // namespace tolv::sim
