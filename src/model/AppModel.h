@@ -1,0 +1,94 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "discovery/DiscoveryState.h"
+#include "model/Published.h"
+#include "model/Records.h"
+#include "model/Settings.h"
+#include "platform/Platform.h"
+
+namespace tolv {
+
+// The application's defaults domain.
+inline constexpr const char* kTolvBundleIdentifier = "com.example.Tolv";
+
+// The one object that holds all state that crosses views. It lives on the main
+// thread; views read its properties and call its operations. Its operations are
+// declared here by topic and defined in their topic's folder.
+class AppModel : public std::enable_shared_from_this<AppModel> {
+ public:
+  // Builds the model and loads every setting. The platform outlives the model.
+  static std::shared_ptr<AppModel> make(const Platform& platform);
+  ~AppModel();
+  AppModel(const AppModel&) = delete;
+  AppModel& operator=(const AppModel&) = delete;
+
+  const Platform& platform() const { return platform_; }
+  Defaults& defaults() { return defaults_; }
+
+  // ---- Model core: settings (model/) ---------------------------------------------
+  Settings settings;
+  // Announces a change that has no observable property of its own, so that
+  // views redraw.
+  Signal<> modelChanged;
+
+  void persistSettings();
+  void persistQuickLaunchSettings();
+  // Writes one key that has its own writer (the order, group and recent lists).
+  void persistSetting(std::string_view key);
+
+  // ---- Model core: observable state -----------------------------------------------
+  Published<std::vector<RunningAppItem>> runningApps;
+  // The last scan, not yet published; absent before the first one.
+  std::optional<std::vector<RunningAppItem>> scannedRunningApps;
+  Published<bool> accessibilityTrusted;
+
+  // ---- Window discovery: accessibility window scan (discovery/) ---------------------
+  DiscoveryState discovery;
+
+  // The regular applications other than this one, each pid once per pass.
+  std::vector<RunningApplication> listRegularApplications(Pid ownPid, std::set<Pid>& seenPids);
+  const AppMetadata& applicationMetadata(const RunningApplication& app);
+  bool usesAlternateIdentifiers(const std::optional<std::string>& bundleIdentifier) const;
+  void addAlternateIdentifierApp(const std::string& bundleIdentifier);
+  void removeAlternateIdentifierApp(const std::string& bundleIdentifier);
+  std::optional<ApplicationWindows> copyApplicationWindows(Pid pid);
+  WindowTitleAndKey windowTitleAndKey(const AXElement& window, bool alternate);
+  bool isPlainWindow(const AXElement& window);
+  std::vector<RunningAppItem> scanApplicationWindows(const RunningApplication& app, bool hasBadge,
+                                                     bool allowCachedSnapshot);
+  std::optional<std::vector<RunningAppItem>> cachedApplicationWindows(Pid pid, bool hasBadge);
+  bool isBlacklisted(std::string_view name) const;
+  std::optional<AXElement> resolveAXWindow(const RunningAppItem& item,
+                                           const AXElementList& windows);
+  AXElementList mergeObservedWindows(const AXElementList& scanned, Pid pid);
+  // Keeps the caches to the applications still listed.
+  void pruneApplicationCaches(const std::set<Pid>& livePids);
+
+  // ---- Window discovery: observers ----------------------------------------------------
+  void updateObservedWindows(const AXElementList& windows, Pid pid);
+
+  // ---- Start menu: application icons (startmenu/) -------------------------------------
+  // Icons by image cache key ("bundle:", "path:", "running:", ...).
+  std::map<std::string, Image> appIconCache;
+  // The icon of a running application, through the cache.
+  Image runningApplicationIcon(const RunningApplication& app);
+
+ private:
+  explicit AppModel(const Platform& platform);
+
+  // Runs `work` later on the main queue, unless the model is gone by then.
+  void postAfter(double delay, std::function<void(AppModel&)> work);
+
+  Platform platform_;
+  Defaults defaults_;
+};
+
+}  // namespace tolv

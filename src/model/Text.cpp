@@ -1,0 +1,65 @@
+#include "model/Text.h"
+
+#include <unicode/coll.h>
+#include <unicode/uchar.h>
+#include <unicode/unistr.h>
+#include <unicode/utf8.h>
+
+#include <memory>
+
+namespace tolv {
+
+std::string trimmedWhitespaceAndNewlines(std::string_view text) {
+  const auto* bytes = reinterpret_cast<const uint8_t*>(text.data());
+  int32_t length = static_cast<int32_t>(text.size());
+
+  int32_t start = 0;
+  while (start < length) {
+    int32_t next = start;
+    UChar32 c;
+    U8_NEXT(bytes, next, length, c);
+    if (c < 0 || !u_isUWhiteSpace(c)) break;
+    start = next;
+  }
+  int32_t end = length;
+  while (end > start) {
+    int32_t previous = end;
+    UChar32 c;
+    U8_PREV(bytes, start, previous, c);
+    if (c < 0 || !u_isUWhiteSpace(c)) break;
+    end = previous;
+  }
+  return std::string(text.substr(start, end - start));
+}
+
+namespace {
+icu::UnicodeString unicode(std::string_view text) {
+  return icu::UnicodeString::fromUTF8(icu::StringPiece(text.data(), text.size()));
+}
+}  // namespace
+
+bool equalsIgnoringCase(std::string_view a, std::string_view b) {
+  return unicode(a).caseCompare(unicode(b), U_FOLD_CASE_DEFAULT) == 0;
+}
+
+int localizedCaseInsensitiveCompare(std::string_view a, std::string_view b) {
+  static const std::unique_ptr<icu::Collator> collator = [] {
+    // A process under the C or POSIX locale gets ICU's "en_US_POSIX", whose
+    // collation is byte order; people's names sort by the root collation there.
+    icu::Locale locale = icu::Locale::getDefault();
+    if (std::string_view(locale.getName()) == "en_US_POSIX") locale = icu::Locale::getRoot();
+    UErrorCode status = U_ZERO_ERROR;
+    std::unique_ptr<icu::Collator> made(icu::Collator::createInstance(locale, status));
+    if (U_FAILURE(status)) made.reset();
+    if (made) made->setStrength(icu::Collator::SECONDARY);
+    return made;
+  }();
+  if (!collator) {
+    return unicode(a).caseCompare(unicode(b), U_FOLD_CASE_DEFAULT);
+  }
+  UErrorCode status = U_ZERO_ERROR;
+  return collator->compareUTF8(icu::StringPiece(a.data(), a.size()),
+                               icu::StringPiece(b.data(), b.size()), status);
+}
+
+}  // namespace tolv
