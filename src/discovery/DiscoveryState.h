@@ -1,0 +1,73 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "model/Records.h"
+#include "platform/AXTypes.h"
+#include "platform/Image.h"
+#include "platform/Pid.h"
+
+namespace tolv {
+
+// What the scan keeps of an application for the life of its process.
+struct AppMetadata {
+  std::string name;  // localised name, or "Application"
+  std::optional<std::string> bundleIdentifier;
+  Image icon;
+};
+
+// What one scan saw of an application; equal snapshots mean nothing the bar
+// shows can have changed, except titles of windows that aren't focused.
+struct AXApplicationSnapshot {
+  std::vector<uint64_t> windowHashes;
+  std::optional<uint64_t> focusedWindowHash;
+  bool isActive = false;
+  std::optional<std::string> focusedTitle;
+  bool hasBadge = false;
+
+  bool operator==(const AXApplicationSnapshot&) const = default;
+};
+
+struct AXApplicationWindowCache {
+  AXApplicationSnapshot snapshot;
+  std::vector<RunningAppItem> items;
+};
+
+// An application's window list and focused window, as one read gave them.
+struct ApplicationWindows {
+  AXElementList windows;
+  std::optional<AXElement> focused;
+};
+
+struct WindowTitleAndKey {
+  std::optional<std::string> title;  // trimmed; nothing when empty
+  std::string key;
+};
+
+// Window discovery's part of the model: per-application caches and the
+// windows known through observers.
+struct DiscoveryState {
+  std::map<Pid, AppMetadata> appMetadataCache;
+  std::map<Pid, AXApplicationWindowCache> axApplicationWindowCache;
+  std::map<Pid, AXElementList> observedAXWindowsByPID;
+  std::set<Pid> fallbackAXPollingPIDs;
+  std::set<Pid> dirtyApplicationPIDs;
+  bool axObserverDeliverySuspended = false;
+  std::set<Pid> closeArtifactSuppressionPIDs;
+};
+
+namespace scan_constants {
+// An untitled window is a task only when it is at least this large, both inclusive.
+inline constexpr double kPlainWindowMinimumWidth = 80;
+inline constexpr double kPlainWindowMinimumHeight = 60;
+// How long a leftover element of closed windows is kept from becoming a task.
+inline constexpr double kCloseArtifactSeconds = 4.0;
+inline constexpr const char* kUnnamedApplication = "Application";
+}  // namespace scan_constants
+
+}  // namespace tolv

@@ -1,0 +1,47 @@
+// The windows an application has shown and not yet destroyed, as observers
+// report them.
+
+#include <algorithm>
+
+#include "model/AppModel.h"
+
+namespace tolv {
+
+AXElementList AppModel::mergeObservedWindows(const AXElementList& scanned, Pid pid) {
+  if (discovery.axObserverDeliverySuspended) return scanned;
+  Accessibility& ax = *platform_.accessibility;
+
+  AXElementList merged;
+  if (auto found = discovery.observedAXWindowsByPID.find(pid);
+      found != discovery.observedAXWindowsByPID.end()) {
+    merged = found->second;
+  }
+  // Without an observer no destroyed event comes: a window whose role can't be
+  // read any more has closed.
+  if (discovery.fallbackAXPollingPIDs.count(pid)) {
+    std::erase_if(merged, [&](const AXElement& window) {
+      return !axString(ax.copyAttribute(window, ax::Role)).has_value();
+    });
+  }
+  for (const AXElement& window : scanned) {
+    bool known = std::any_of(merged.begin(), merged.end(),
+                             [&](const AXElement& other) { return ax.equal(other, window); });
+    if (!known) merged.push_back(window);
+  }
+  return merged;
+}
+
+void AppModel::updateObservedWindows(const AXElementList& windows, Pid pid) {
+  Accessibility& ax = *platform_.accessibility;
+  auto found = discovery.observedAXWindowsByPID.find(pid);
+  const AXElementList none;
+  const AXElementList& old = found == discovery.observedAXWindowsByPID.end() ? none : found->second;
+  bool unchanged =
+      old.size() == windows.size() &&
+      std::equal(old.begin(), old.end(), windows.begin(),
+                 [&](const AXElement& a, const AXElement& b) { return ax.equal(a, b); });
+  if (unchanged) return;
+  discovery.observedAXWindowsByPID[pid] = windows;
+}
+
+}  // namespace tolv
