@@ -50,6 +50,11 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   std::optional<std::vector<RunningAppItem>> scannedRunningApps;
   Published<bool> accessibilityTrusted;
 
+  // ---- Window discovery: refresh (discovery/) ---------------------------------------
+  // The one operation through which windows reach the model.
+  void refreshRunningApps(bool forceBadgeScan, bool allowCacheSkip, bool onlyIfDirty, bool publish);
+  void publishScannedApps();
+
   // ---- Window discovery: accessibility window scan (discovery/) ---------------------
   DiscoveryState discovery;
 
@@ -74,6 +79,21 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
 
   // ---- Window discovery: observers ----------------------------------------------------
   void updateObservedWindows(const AXElementList& windows, Pid pid);
+
+  // ---- Task arrangement: task order (arrangement/) -------------------------------------
+  // Drops every task of a process that has ended.
+  void forgetTasksOfProcess(Pid pid);
+
+  // ---- Task arrangement: grouping (arrangement/) ---------------------------------------
+  // Drops the names and icons of custom groups without members.
+  void pruneCustomGroups();
+  // Writes the group keys and announces the change.
+  void saveGroupState();
+  void clearForcedUngrouped();
+
+  // ---- Application lifecycle (app/) -----------------------------------------------------
+  // The one way alerts are shown; 1000 answers the first button.
+  AlertResult presentAlert(const Alert& alert, bool centred, double fraction);
 
   // ---- Start menu: application icons (startmenu/) -------------------------------------
   // Icons by image cache key ("bundle:", "path:", "running:", ...).

@@ -1,7 +1,10 @@
 #pragma once
 
 #include "platform/Accessibility.h"
+#include "platform/Alerts.h"
+#include "platform/FileSystem.h"
 #include "platform/Images.h"
+#include "platform/NotificationCenter.h"
 #include "platform/RunLoop.h"
 #include "platform/UserDefaults.h"
 #include "platform/WindowServer.h"
@@ -18,6 +21,12 @@ struct Platform {
   WindowServer* windowServer = nullptr;
   UserDefaults* userDefaults = nullptr;
   Images* images = nullptr;
+  FileSystem* fileSystem = nullptr;
+  Alerts* alerts = nullptr;
+  // The process's own notification centre, for the internal notifications.
+  NotificationCenter* notificationCenter = nullptr;
+  // Notifications between processes ("com.apple.screensaver.didstart").
+  NotificationCenter* distributedNotificationCenter = nullptr;
 };
 
 }  // namespace tolv

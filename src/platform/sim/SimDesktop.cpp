@@ -1,8 +1,14 @@
 #include "platform/sim/SimDesktop.h"
 
+#include <stdlib.h>
+
 #include <algorithm>
 
+#include <filesystem>
+
+#include "platform/posix/PosixFileSystem.h"
 #include "platform/sim/SimAccessibility.h"
+#include "platform/sim/SimAlerts.h"
 #include "platform/sim/SimImages.h"
 #include "platform/sim/SimUserDefaults.h"
 #include "platform/sim/SimWindowServer.h"
@@ -16,9 +22,18 @@ SimDesktop::SimDesktop()
       workspace_(std::make_unique<SimWorkspace>(*this, calls_)),
       windowServer_(std::make_unique<SimWindowServer>(*this, calls_)),
       defaults_(std::make_unique<SimUserDefaults>(calls_)),
-      images_(std::make_unique<SimImages>(calls_)) {}
+      images_(std::make_unique<SimImages>(calls_)),
+      alerts_(std::make_unique<SimAlerts>()) {
+  std::string pattern = (std::filesystem::temp_directory_path() / "tolv-sim-XXXXXX").string();
+  if (::mkdtemp(pattern.data())) supportFolder_ = pattern + "/Tolv";
+  fileSystem_ = std::make_unique<PosixFileSystem>(supportFolder_);
+}
 
-SimDesktop::~SimDesktop() = default;
+SimDesktop::~SimDesktop() {
+  if (supportFolder_.empty()) return;
+  std::error_code ignored;
+  std::filesystem::remove_all(std::filesystem::path(supportFolder_).parent_path(), ignored);
+}
 
 Platform SimDesktop::platform() {
   Platform platform;
@@ -28,6 +43,10 @@ Platform SimDesktop::platform() {
   platform.windowServer = windowServer_.get();
   platform.userDefaults = defaults_.get();
   platform.images = images_.get();
+  platform.fileSystem = fileSystem_.get();
+  platform.alerts = alerts_.get();
+  platform.notificationCenter = &notificationCenter_;
+  platform.distributedNotificationCenter = &distributedCenter_;
   return platform;
 }
 

@@ -99,6 +99,7 @@ class SimWorkspace;
 class SimWindowServer;
 class SimUserDefaults;
 class SimImages;
+class SimAlerts;
 
 // A macOS-like desktop in memory: applications, windows, their accessibility
 // elements and the window server's view of them, user defaults and a virtual
@@ -120,6 +121,11 @@ class SimDesktop {
   SimUserDefaults& defaults() { return *defaults_; }
   SimWorkspace& workspace() { return *workspace_; }
   SimImages& images() { return *images_; }
+  SimAlerts& alerts() { return *alerts_; }
+  NotificationCenter& notificationCenter() { return notificationCenter_; }
+  NotificationCenter& distributedNotificationCenter() { return distributedCenter_; }
+  // A temporary folder that stands for Application Support/Tolv; removed with the desktop.
+  const std::string& applicationSupportFolder() const { return supportFolder_; }
 
   // The desktop as it is before Tolv starts: the applications already run,
   // their windows stand front to back in the order given, except that the
@@ -183,6 +189,11 @@ class SimDesktop {
   std::unique_ptr<SimWindowServer> windowServer_;
   std::unique_ptr<SimUserDefaults> defaults_;
   std::unique_ptr<SimImages> images_;
+  std::unique_ptr<SimAlerts> alerts_;
+  std::unique_ptr<FileSystem> fileSystem_;
+  NotificationCenter notificationCenter_;
+  NotificationCenter distributedCenter_;
+  std::string supportFolder_;
 
   bool accessibilityGranted_ = true;
   std::string currentSpace_ = kMainSpace;

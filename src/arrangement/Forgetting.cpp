@@ -1,0 +1,33 @@
+// Tasks of an application that has ended leave every table at once.
+
+#include <algorithm>
+
+#include "model/AppModel.h"
+
+namespace tolv {
+
+void AppModel::forgetTasksOfProcess(Pid pid) {
+  std::set<std::string> doomed;
+  for (const auto& item : runningApps.get()) {
+    if (item.processIdentifier == pid) doomed.insert(item.id);
+  }
+  if (doomed.empty()) return;
+
+  auto isDoomed = [&](const RunningAppItem& item) { return doomed.count(item.id) > 0; };
+  std::vector<RunningAppItem> remaining = runningApps.get();
+  std::erase_if(remaining, isDoomed);
+  runningApps.publish(std::move(remaining));
+  if (scannedRunningApps) std::erase_if(*scannedRunningApps, isDoomed);
+
+  std::erase_if(settings.taskOrder, [&](const std::string& id) { return doomed.count(id) > 0; });
+  std::erase_if(settings.customGroupMembers,
+                [&](const auto& entry) { return doomed.count(entry.first) > 0; });
+  std::erase_if(settings.forcedUngroupedWindows,
+                [&](const std::string& id) { return doomed.count(id) > 0; });
+
+  pruneCustomGroups();
+  persistSetting("taskOrder");
+  saveGroupState();
+}
+
+}  // namespace tolv

@@ -1,0 +1,30 @@
+#include "platform/sim/SimAlerts.h"
+
+#include <algorithm>
+
+namespace tolv::sim {
+
+AlertResult SimAlerts::runModal(const Alert& alert, const AlertPlacement& placement) {
+  int buttonCount = static_cast<int>(alert.buttons.size());
+  AlertResult result;
+  int index = std::max(0, buttonCount - 1);
+  if (!answers_.empty()) {
+    Answer answer = std::move(answers_.front());
+    answers_.pop_front();
+    if (auto* given = std::get_if<int>(&answer.button)) {
+      index = std::clamp(*given, 0, std::max(0, buttonCount - 1));
+    } else {
+      auto title = std::get<std::string>(answer.button);
+      auto found = std::find(alert.buttons.begin(), alert.buttons.end(), title);
+      if (found != alert.buttons.end()) index = static_cast<int>(found - alert.buttons.begin());
+    }
+    result.fieldValue = std::move(answer.fieldValue);
+  } else if (alert.textField) {
+    result.fieldValue = alert.textField->value;
+  }
+  result.response = kFirstButtonResponse + index;
+  shown_.push_back(Shown{alert, placement, result.response});
+  return result;
+}
+
+}  // namespace tolv::sim

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <deque>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "platform/Alerts.h"
+
+namespace tolv::sim {
+
+// Alerts never block: each alert shown takes the oldest unused scripted answer,
+// or else its last button. Every alert is recorded.
+class SimAlerts : public Alerts {
+ public:
+  struct Answer {
+    std::variant<int, std::string> button;  // index from 0, or the button's title
+    std::string fieldValue;
+  };
+  struct Shown {
+    Alert alert;
+    AlertPlacement placement;
+    int response = 0;
+  };
+
+  AlertResult runModal(const Alert& alert, const AlertPlacement& placement) override;
+
+  void queueAnswer(Answer answer) { answers_.push_back(std::move(answer)); }
+  const std::vector<Shown>& shown() const { return shown_; }
+
+ private:
+  std::deque<Answer> answers_;
+  std::vector<Shown> shown_;
+};
+
+}  // namespace tolv::sim
