@@ -10,6 +10,8 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev
   # core libraries
   nlohmann-json3-dev libicu-dev
+  # views and the toolkit's platform services
+  qt6-base-dev
 )
 
 missing=()

@@ -7,6 +7,8 @@
 #include <variant>
 #include <vector>
 
+#include "platform/Geometry.h"
+
 namespace tolv {
 
 // Result codes of the accessibility interface, with their platform values.
@@ -27,17 +29,10 @@ enum class AXError : int32_t {
   NoValue = -25212,
 };
 
-struct AXPoint {
-  double x = 0;
-  double y = 0;
-  bool operator==(const AXPoint&) const = default;
-};
-
-struct AXSize {
-  double width = 0;
-  double height = 0;
-  bool operator==(const AXSize&) const = default;
-};
+// Accessibility positions are in points from the top left of the main screen,
+// y growing downwards, as the platform gives them.
+using AXPoint = Point;
+using AXSize = Size;
 
 // An accessibility element: a reference to a user-interface object of another
 // application. The backend decides what it points at. Identity and hashing go

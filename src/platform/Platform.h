@@ -6,6 +6,7 @@
 #include "platform/Images.h"
 #include "platform/NotificationCenter.h"
 #include "platform/RunLoop.h"
+#include "platform/Screens.h"
 #include "platform/UserDefaults.h"
 #include "platform/WindowServer.h"
 #include "platform/Workspace.h"
@@ -23,6 +24,7 @@ struct Platform {
   Images* images = nullptr;
   FileSystem* fileSystem = nullptr;
   Alerts* alerts = nullptr;
+  Screens* screens = nullptr;
   // The process's own notification centre, for the internal notifications.
   NotificationCenter* notificationCenter = nullptr;
   // Notifications between processes ("com.apple.screensaver.didstart").

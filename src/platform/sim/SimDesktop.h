@@ -100,6 +100,7 @@ class SimWindowServer;
 class SimUserDefaults;
 class SimImages;
 class SimAlerts;
+class SimScreens;
 
 // A macOS-like desktop in memory: applications, windows, their accessibility
 // elements and the window server's view of them, user defaults and a virtual
@@ -122,6 +123,7 @@ class SimDesktop {
   SimWorkspace& workspace() { return *workspace_; }
   SimImages& images() { return *images_; }
   SimAlerts& alerts() { return *alerts_; }
+  SimScreens& screens() { return *screens_; }
   NotificationCenter& notificationCenter() { return notificationCenter_; }
   NotificationCenter& distributedNotificationCenter() { return distributedCenter_; }
   // A temporary folder that stands for Application Support/Tolv; removed with the desktop.
@@ -190,6 +192,7 @@ class SimDesktop {
   std::unique_ptr<SimUserDefaults> defaults_;
   std::unique_ptr<SimImages> images_;
   std::unique_ptr<SimAlerts> alerts_;
+  std::unique_ptr<SimScreens> screens_;
   std::unique_ptr<FileSystem> fileSystem_;
   NotificationCenter notificationCenter_;
   NotificationCenter distributedCenter_;
