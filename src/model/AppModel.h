@@ -44,6 +44,12 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   // Writes one key that has its own writer (the order, group and recent lists).
   void persistSetting(std::string_view key);
 
+  // ---- Model core: life (model/) ---------------------------------------------------
+  // Starts watching the system; called once, after the panels exist.
+  void start();
+  // Stops every timer, task and observer; called once at termination.
+  void stop();
+
   // ---- Model core: observable state -----------------------------------------------
   Published<std::vector<RunningAppItem>> runningApps;
   // The last scan, not yet published; absent before the first one.
@@ -85,11 +91,22 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   void forgetTasksOfProcess(Pid pid);
 
   // ---- Task arrangement: grouping (arrangement/) ---------------------------------------
+  // The taskbar's slots in item order: single tasks, groups and workspace tasks.
+  std::vector<TaskbarEntry> taskbarEntries(bool groupAll, bool includeWorkspaces) const;
   // Drops the names and icons of custom groups without members.
   void pruneCustomGroups();
   // Writes the group keys and announces the change.
   void saveGroupState();
   void clearForcedUngrouped();
+
+  // ---- Task arrangement: colours (arrangement/) ----------------------------------------
+  // The colour each tab shows, by task id; ids in manualLiveColorIDs were chosen by hand.
+  std::map<std::string, std::string> liveTabColors;
+  std::set<std::string> manualLiveColorIDs;
+
+  // ---- Workspaces (workspaces/) ------------------------------------------------------------
+  // The Mission Control spaces of the main display as tasks.
+  Published<std::vector<ManagedWorkspaceTask>> managedWorkspaceTasks;
 
   // ---- Application lifecycle (app/) -----------------------------------------------------
   // The one way alerts are shown; 1000 answers the first button.
