@@ -152,5 +152,23 @@ TEST(SimDesktopWorkspace, ListsThisProcessAsAnAccessory) {
   EXPECT_EQ(apps[1].localizedName, "A");
 }
 
+TEST(SimDesktopSystem, AnnouncesSleepSessionAndScreenSaverOnTheirCentres) {
+  SimDesktop desktop;
+  std::vector<std::string> seen;
+  auto note = [&](const Notification& n) { seen.push_back(n.name); };
+  auto& workspace = desktop.platform().workspace->notificationCenter();
+  workspace.addObserver(workspace_notification::ScreensDidSleep, note);
+  workspace.addObserver(workspace_notification::SessionDidResignActive, note);
+  desktop.distributedNotificationCenter().addObserver("com.apple.screensaver.didstart", note);
+  desktop.sleepDisplays();
+  desktop.resignSession();
+  desktop.startScreenSaver();
+  desktop.wakeDisplays();  // nobody listens
+  desktop.runLoop().runUntilIdle();
+  EXPECT_THAT(seen, ElementsAre(workspace_notification::ScreensDidSleep,
+                                workspace_notification::SessionDidResignActive,
+                                "com.apple.screensaver.didstart"));
+}
+
 }  // namespace
 }  // namespace tolv::sim

@@ -291,6 +291,35 @@ bool SimDesktop::focusWindow(Pid pid, const WindowSelector& selector) {
   return true;
 }
 
+void SimDesktop::sleepDisplays() {
+  postWorkspaceNotification(workspace_notification::ScreensDidSleep, std::nullopt);
+}
+
+void SimDesktop::wakeDisplays() {
+  postWorkspaceNotification(workspace_notification::ScreensDidWake, std::nullopt);
+}
+
+void SimDesktop::resignSession() {
+  postWorkspaceNotification(workspace_notification::SessionDidResignActive, std::nullopt);
+}
+
+void SimDesktop::activateSession() {
+  postWorkspaceNotification(workspace_notification::SessionDidBecomeActive, std::nullopt);
+}
+
+void SimDesktop::startScreenSaver() {
+  postDistributedNotification("com.apple.screensaver.didstart");
+}
+
+void SimDesktop::stopScreenSaver() {
+  postDistributedNotification("com.apple.screensaver.didstop");
+}
+
+void SimDesktop::postDistributedNotification(const char* name) {
+  Notification notification{name, std::nullopt};
+  runLoop_->post([this, notification] { distributedCenter_.post(notification); });
+}
+
 void SimDesktop::setAppResponding(Pid pid, bool responding) {
   if (SimApp* target = app(pid)) target->spec.responding = responding;
 }

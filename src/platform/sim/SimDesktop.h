@@ -146,6 +146,14 @@ class SimDesktop {
   bool changeWindow(Pid pid, const WindowSelector& selector, const WindowChange& change);
   bool focusWindow(Pid pid, const WindowSelector& selector);
 
+  // The system: display sleep, the user's session and the screen saver.
+  void sleepDisplays();
+  void wakeDisplays();
+  void resignSession();
+  void activateSession();
+  void startScreenSaver();
+  void stopScreenSaver();
+
   // Faults.
   void setAccessibilityGranted(bool granted) { accessibilityGranted_ = granted; }
   void setAppResponding(Pid pid, bool responding);
@@ -179,6 +187,7 @@ class SimDesktop {
   void bringToFront(uint64_t window);
   void removeWindow(uint64_t window);
   void postWorkspaceNotification(const char* name, std::optional<Pid> pid);
+  void postDistributedNotification(const char* name);
   // Adds the application and its windows; returns the windows in the order given.
   std::vector<uint64_t> addApp(const AppSpec& spec);
   uint32_t nextFreeNumber();
