@@ -104,6 +104,12 @@ inline constexpr const char* Minimized = "AXMinimized";
 inline constexpr const char* CloseButton = "AXCloseButton";
 inline constexpr const char* Frontmost = "AXFrontmost";
 inline constexpr const char* WindowRole = "AXWindow";
+
+// Notifications that observers register for.
+inline constexpr const char* WindowCreatedNotification = "AXWindowCreated";
+inline constexpr const char* FocusedWindowChangedNotification = "AXFocusedWindowChanged";
+inline constexpr const char* UIElementDestroyedNotification = "AXUIElementDestroyed";
+inline constexpr const char* TitleChangedNotification = "AXTitleChanged";
 }  // namespace ax
 
 }  // namespace tolv
