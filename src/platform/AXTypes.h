@@ -90,6 +90,10 @@ inline AXError axErrorOf(const AXValue& value) {
   if (auto* error = std::get_if<AXError>(&value)) return *error;
   return AXError::Success;
 }
+// Whether an observer registration holds: one made before counts as made.
+inline bool axNotificationRegistered(AXError error) {
+  return error == AXError::Success || error == AXError::NotificationAlreadyRegistered;
+}
 
 // Attribute and action names of the accessibility interface.
 namespace ax {

@@ -249,6 +249,13 @@ void SimAccessibility::announce(Pid pid, const SimElement& registeredOn, const A
   }
 }
 
+void SimAccessibility::forgetRegistrations(const SimElement& element) {
+  for (const auto& observer : liveObservers(element.pid)) {
+    std::erase_if(observer->registrations,
+                  [&](const auto& registration) { return registration.element.get() == &element; });
+  }
+}
+
 int SimAccessibility::observerCount(Pid pid) const {
   return static_cast<int>(liveObservers(pid).size());
 }

@@ -43,6 +43,8 @@ class SimAccessibility : public Accessibility {
   // observer unscheduled are lost.
   void announce(Pid pid, const SimElement& registeredOn, const AXElement& subject,
                 const char* notification);
+  // A destroyed element takes its registrations with it.
+  void forgetRegistrations(const SimElement& element);
 
   // How often the permission prompt was asked for.
   int promptCount() const { return promptCount_; }

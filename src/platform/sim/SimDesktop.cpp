@@ -265,6 +265,7 @@ void SimDesktop::removeWindow(uint64_t id) {
   auto found = windows_.find(id);
   if (found == windows_.end()) return;
   announceToWindow(id, ax::UIElementDestroyedNotification);
+  accessibility_->forgetRegistrations(*found->second.element);
   Pid pid = found->second.pid;
   usedNumbers_.erase(found->second.number);
   windows_.erase(found);
