@@ -94,19 +94,22 @@ void AppModel::recordPreviousWindow(const RunningAppItem& task) {
 }
 
 void AppModel::noteTaskDeactivated(const RunningAppItem& task) {
-  if (activeBlueStripWindowID.get() == task.id) activeBlueStripWindowID.set(std::nullopt);
+  // The task may be an element of the lists rewritten below.
+  const std::string id = task.id;
+  const Pid pid = task.processIdentifier;
+  if (activeBlueStripWindowID.get() == id) activeBlueStripWindowID.set(std::nullopt);
   activeWindowIDsByApplication.erase(applicationKey(task));
 
   auto deactivated = [&](std::vector<RunningAppItem> items) {
     for (auto& item : items) {
-      if (item.id == task.id) item.isActive = false;
+      if (item.id == id) item.isActive = false;
     }
     return items;
   };
   std::vector<RunningAppItem> scanned = scannedRunningApps.value_or(runningApps.get());
   assignRunningApps(deactivated(runningApps.get()));
   scannedRunningApps = deactivated(std::move(scanned));
-  if (auto cache = discovery.axApplicationWindowCache.find(task.processIdentifier);
+  if (auto cache = discovery.axApplicationWindowCache.find(pid);
       cache != discovery.axApplicationWindowCache.end()) {
     cache->second.items = deactivated(std::move(cache->second.items));
   }
