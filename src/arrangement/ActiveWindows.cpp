@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <set>
+#include <unordered_set>
 
 #include "model/AppModel.h"
 #include "model/TaskIdentifiers.h"
@@ -26,7 +27,7 @@ std::vector<std::string> recentsWithFirst(const std::vector<std::string>& recent
 namespace {
 
 std::map<std::string, std::string> withValuesIn(const std::map<std::string, std::string>& table,
-                                                const std::set<std::string>& ids) {
+                                                const std::unordered_set<std::string>& ids) {
   std::map<std::string, std::string> kept;
   for (const auto& [key, id] : table) {
     if (ids.count(id)) kept.emplace(key, id);
@@ -37,7 +38,7 @@ std::map<std::string, std::string> withValuesIn(const std::map<std::string, std:
 }  // namespace
 
 void AppModel::updateActiveAndPreviousWindows(const std::vector<RunningAppItem>& items) {
-  std::set<std::string> ids;
+  std::unordered_set<std::string> ids;
   for (const auto& item : items)
     ids.insert(item.id);
   const std::optional<std::string> oldActive = activeBlueStripWindowID.get();

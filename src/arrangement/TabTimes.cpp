@@ -6,7 +6,7 @@
 #include <unicode/dtfmtsym.h>
 
 #include <memory>
-#include <set>
+#include <unordered_set>
 
 #include "model/AppModel.h"
 
@@ -50,7 +50,7 @@ std::optional<std::string> shortWeekdaySymbol(int weekday) {
 }
 
 void AppModel::updateTabTimes(const std::vector<RunningAppItem>& items) {
-  std::set<std::string> ids;
+  std::unordered_set<std::string> ids;
   for (const auto& item : items)
     ids.insert(item.id);
   std::erase_if(tabCreationOrModificationTimes,

@@ -1,37 +1,44 @@
 #include "discovery/Deduplication.h"
 
-#include <map>
-#include <set>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
 
 namespace tolv {
 
-UniqueItems uniqueItems(const std::vector<RunningAppItem>& items) {
+UniqueItems uniqueItems(std::vector<RunningAppItem> items) {
   UniqueItems result;
-  std::set<std::string> seen;
+  std::unordered_set<std::string_view> seen;
+  seen.reserve(items.size());
   for (const auto& item : items) {
-    if (seen.insert(item.id).second) {
-      result.items.push_back(item);
-    } else {
-      result.duplicateIDs.push_back(item.id);
-    }
+    if (!seen.insert(item.id).second) result.duplicateIDs.push_back(item.id);
   }
+  if (!result.duplicateIDs.empty()) {
+    seen.clear();
+    std::erase_if(items, [&](const RunningAppItem& item) { return !seen.insert(item.id).second; });
+  }
+  result.items = std::move(items);
   return result;
 }
 
 std::vector<RunningAppItem> mergeWithBaseList(const std::vector<RunningAppItem>& base,
-                                              const std::vector<RunningAppItem>& scanned) {
-  std::map<std::string, const RunningAppItem*> fresh;
-  for (const auto& item : scanned)
-    fresh.emplace(item.id, &item);
+                                              std::vector<RunningAppItem> scanned) {
+  std::unordered_map<std::string_view, size_t> fresh;
+  fresh.reserve(scanned.size());
+  for (size_t index = 0; index < scanned.size(); ++index)
+    fresh.emplace(scanned[index].id, index);
 
   std::vector<RunningAppItem> merged;
-  std::set<std::string> baseIDs;
+  merged.reserve(scanned.size());
+  std::vector<bool> taken(scanned.size(), false);
   for (const auto& item : base) {
-    baseIDs.insert(item.id);
-    if (auto found = fresh.find(item.id); found != fresh.end()) merged.push_back(*found->second);
+    auto found = fresh.find(item.id);
+    if (found == fresh.end() || taken[found->second]) continue;
+    taken[found->second] = true;
+    merged.push_back(std::move(scanned[found->second]));
   }
-  for (const auto& item : scanned) {
-    if (!baseIDs.count(item.id)) merged.push_back(item);
+  for (size_t index = 0; index < scanned.size(); ++index) {
+    if (!taken[index]) merged.push_back(std::move(scanned[index]));
   }
   return merged;
 }

@@ -12,12 +12,12 @@ struct UniqueItems {
   std::vector<RunningAppItem> items;
   std::vector<std::string> duplicateIDs;
 };
-UniqueItems uniqueItems(const std::vector<RunningAppItem>& items);
+UniqueItems uniqueItems(std::vector<RunningAppItem> items);
 
 // The tasks of `base` that the scan still found, in base order and with their
 // fresh values, then the scan's new tasks in scan order. `scanned` is unique.
 std::vector<RunningAppItem> mergeWithBaseList(const std::vector<RunningAppItem>& base,
-                                              const std::vector<RunningAppItem>& scanned);
+                                              std::vector<RunningAppItem> scanned);
 
 // The texts of the two duplicate reports.
 namespace duplicate_issue {

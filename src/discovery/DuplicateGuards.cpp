@@ -7,10 +7,10 @@
 
 namespace tolv {
 
-std::vector<RunningAppItem> AppModel::normalizeBaseList(const std::vector<RunningAppItem>& base,
+std::vector<RunningAppItem> AppModel::normalizeBaseList(std::vector<RunningAppItem> base,
                                                         bool publish) {
-  UniqueItems unique = uniqueItems(base);
-  if (unique.duplicateIDs.empty()) return base;
+  UniqueItems unique = uniqueItems(std::move(base));
+  if (unique.duplicateIDs.empty()) return std::move(unique.items);
   // The model's own state was broken: keep the repair and ask for a restart,
   // which comes through the notification after this refresh.
   if (publish) {
@@ -26,7 +26,7 @@ std::vector<RunningAppItem> AppModel::normalizeBaseList(const std::vector<Runnin
 std::vector<RunningAppItem> AppModel::mergeScannedItems(const std::vector<RunningAppItem>& base,
                                                         std::vector<RunningAppItem> scanned) {
   std::erase_if(scanned, [&](const RunningAppItem& item) { return isBlacklisted(item.name); });
-  UniqueItems unique = uniqueItems(scanned);
+  UniqueItems unique = uniqueItems(std::move(scanned));
 
   std::vector<std::string> newlyReported;
   for (const auto& id : unique.duplicateIDs) {
@@ -36,7 +36,7 @@ std::vector<RunningAppItem> AppModel::mergeScannedItems(const std::vector<Runnin
     recordRuntimeIssue(platform_, duplicate_issue::kScanTitle,
                        duplicate_issue::scanDetail(newlyReported), false, false);
   }
-  return mergeWithBaseList(base, unique.items);
+  return mergeWithBaseList(base, std::move(unique.items));
 }
 
 }  // namespace tolv

@@ -2,7 +2,8 @@
 // publish.
 
 #include <algorithm>
-#include <map>
+#include <unordered_map>
+#include <unordered_set>
 
 #include "arrangement/ScanOrder.h"
 #include "model/AppModel.h"
@@ -84,8 +85,8 @@ void AppModel::refreshRunningApps(bool forceBadgeScan, bool allowCacheSkip, bool
 
   const std::vector<RunningAppItem> base = normalizeBaseList(
       publish ? runningApps.get() : scannedRunningApps.value_or(runningApps.get()), publish);
-  std::map<std::string, const RunningAppItem*> baseByID;
-  std::set<std::string> baseIDs;
+  std::unordered_map<std::string, const RunningAppItem*> baseByID;
+  std::unordered_set<std::string> baseIDs;
   for (const auto& item : base) {
     baseByID.emplace(item.id, &item);
     baseIDs.insert(item.id);
@@ -174,7 +175,7 @@ std::vector<RunningAppItem> AppModel::scanApplication(const RunningApplication& 
 }
 
 void AppModel::giveDefaultColors(const std::vector<RunningAppItem>& items,
-                                 const std::set<std::string>& baseIDs) {
+                                 const std::unordered_set<std::string>& baseIDs) {
   for (const auto& item : items) {
     if (!item.bundleIdentifier || baseIDs.count(item.id) || liveTabColors.count(item.id)) {
       continue;
@@ -186,7 +187,7 @@ void AppModel::giveDefaultColors(const std::vector<RunningAppItem>& items,
 }
 
 void AppModel::pruneTaskKeyedState(const std::vector<RunningAppItem>& items) {
-  std::set<std::string> live{std::string(kWorkspaceGroupID)};
+  std::unordered_set<std::string> live{std::string(kWorkspaceGroupID)};
   for (const auto& item : items) {
     live.insert(item.id);
     live.insert(autoGroupID(item.processIdentifier));

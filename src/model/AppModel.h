@@ -6,6 +6,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "discovery/DiscoveryState.h"
@@ -104,7 +105,7 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
                                               bool onlyIfDirty);
   // New tasks of an application with a lasting colour take that colour.
   void giveDefaultColors(const std::vector<RunningAppItem>& items,
-                         const std::set<std::string>& baseIDs);
+                         const std::unordered_set<std::string>& baseIDs);
   // Colours and switcher priorities keep only ids of live tasks, groups and workspaces.
   void pruneTaskKeyedState(const std::vector<RunningAppItem>& items);
   RefreshState pipeline;
@@ -115,8 +116,7 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   std::vector<RunningAppItem> scanWindowServerTasks(const std::vector<RunningApplication>& apps);
   // The list a refresh starts from, without duplicates; a repair is stored and
   // reported as an issue that asks for a restart.
-  std::vector<RunningAppItem> normalizeBaseList(const std::vector<RunningAppItem>& base,
-                                                bool publish);
+  std::vector<RunningAppItem> normalizeBaseList(std::vector<RunningAppItem> base, bool publish);
   // The scan merged into the base list: known tasks keep their places. A
   // duplicate from the scan is dropped and logged once per run.
   std::vector<RunningAppItem> mergeScannedItems(const std::vector<RunningAppItem>& base,
