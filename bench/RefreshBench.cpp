@@ -45,8 +45,8 @@ void reportCalls(benchmark::State& state, StartedDesktop& started, int64_t other
   const auto& calls = started.desktop.calls();
   state.counters["ax_calls"] = perTick(calls.service("accessibility"));
   // The calls that cross into another process; hash and equality are local.
-  state.counters["ax_reads"] = perTick(calls["accessibility.copyAttribute"] +
-                                       calls["accessibility.copyMultipleAttributes"]);
+  state.counters["ax_reads"] =
+      perTick(calls["accessibility.copyAttribute"] + calls["accessibility.copyMultipleAttributes"]);
   state.counters["window_server_calls"] = perTick(calls.service("windowServer"));
   state.counters["workspace_calls"] = perTick(calls.service("workspace"));
   state.counters["ax_calls_other_apps"] =

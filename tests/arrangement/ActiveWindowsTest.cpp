@@ -142,6 +142,7 @@ TEST_F(ActiveWindows, RecentItemsSkipGoneIdsAndClearingAsksFirst) {
   EXPECT_EQ(shown.title, "Clear Recents?");
   EXPECT_EQ(shown.text, "Remove all items from the Recents list?");
   EXPECT_THAT(shown.buttons, ElementsAre("Clear", "Cancel"));
+  EXPECT_TRUE(sim.desktop.alerts().shown().back().placement.centred);
 }
 
 }  // namespace

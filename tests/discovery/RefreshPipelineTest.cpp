@@ -96,15 +96,17 @@ TEST_F(RefreshPipeline, WindowsOfTheFirstRefreshAreNotRecentLaterOnesGoFirst) {
 }
 
 TEST_F(RefreshPipeline, NewTasksTakeTheirApplicationsColourAndGoneOnesLoseTheirs) {
-  desktop.populate({app(10, "Mail", {window("Inbox")})});
+  desktop.populate({app(10, "Mail", {window("Inbox")}), app(11, "Notes", {window("List")})});
   AppModel& model = sim.model();
   model.settings.defaultAppColors["com.example.Mail"] = "Custom:#112233";
+  model.settings.defaultAppColors["com.example.Notes"] = "Default";
   model.liveTabColors = {{"ax:99:hash:1", "Red"}, {"auto:10", "Blue"}, {"workspace-group", "Red"}};
   model.manualLiveColorIDs = {"ax:99:hash:1", "auto:10"};
   model.lumoPriorityIDs = {"ax:99:hash:1", "auto:10"};
   start();
   const std::string inbox = shownIDs().front();
   EXPECT_EQ(model.liveTabColors.at(inbox), "Custom:#112233");
+  EXPECT_FALSE(model.liveTabColors.count(shownIDs().back())) << "\"Default\" is no colour";
   EXPECT_FALSE(model.liveTabColors.count("ax:99:hash:1"));
   EXPECT_EQ(model.liveTabColors.at("auto:10"), "Blue");
   EXPECT_EQ(model.liveTabColors.at("workspace-group"), "Red");
@@ -115,6 +117,19 @@ TEST_F(RefreshPipeline, NewTasksTakeTheirApplicationsColourAndGoneOnesLoseTheirs
   model.liveTabColors[inbox] = "Green";
   model.refreshRunningApps(false, false, false, true);
   EXPECT_EQ(model.liveTabColors.at(inbox), "Green");
+}
+
+TEST_F(RefreshPipeline, ViewsRedrawingOnAnAssignmentFindTheTimesOfNewTabs) {
+  AppModel& model = startTwoApps();
+  std::vector<std::optional<std::string>> times;
+  Subscription subscription = model.runningApps.subscribe([&](const auto& items) {
+    for (const auto& item : items)
+      times.push_back(model.tabTimeText(item));
+  });
+  desktop.openWindow(10, window("Drafts"));
+  advanceTo(1.25);
+  ASSERT_EQ(times.size(), 3u);
+  EXPECT_TRUE(times[2].has_value());
 }
 
 TEST_F(RefreshPipeline, OffTheDesktopNothingIsScannedOrPublishedAndTheDesktopListStays) {
