@@ -2,29 +2,21 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <sstream>
 
 #include "app/RuntimeIssues.h"
 #include "platform/sim/SimUserDefaults.h"
-#include "support/SimModel.h"
+#include "support/StartedModel.h"
 
 namespace tolv {
 namespace {
 
-class RuntimeIssues : public ::testing::Test {
+class RuntimeIssues : public testing::StartedModel {
  protected:
-  sim::SimDesktop desktop;
   Platform platform = desktop.platform();
   int recordedNotifications = 0;
   NotificationCenter::Token token = desktop.notificationCenter().addObserver(
       kRuntimeIssueRecordedNotification, [this](const Notification&) { ++recordedNotifications; });
 
-  std::string log() {
-    std::ifstream file(runtimeLogPath(*platform.fileSystem), std::ios::binary);
-    std::stringstream text;
-    text << file.rdbuf();
-    return text.str();
-  }
   std::optional<std::string> pendingMessage() {
     return stringValue(
         desktop.defaults().value(kTolvBundleIdentifier, kPendingRuntimeIssueMessageKey));

@@ -132,8 +132,6 @@ TEST_F(ActiveWindows, RecentItemsSkipGoneIdsAndClearingAsksFirst) {
   sim.desktop.alerts().queueAnswer({std::string("Cancel"), ""});
   model.clearRecents();
   EXPECT_EQ(model.settings.recentWindowIDs.size(), 3u);
-  model.clearRecents();  // the unanswered alert takes its last button
-  EXPECT_EQ(model.settings.recentWindowIDs.size(), 3u);
   sim.desktop.alerts().queueAnswer({std::string("Clear"), ""});
   model.clearRecents();
   EXPECT_THAT(model.settings.recentWindowIDs, IsEmpty());

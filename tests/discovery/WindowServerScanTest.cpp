@@ -51,13 +51,6 @@ TEST_F(WindowServerScan, OnScreenWindowsOfLayerZeroFrontToBackOnlyTheFrontOneAct
   EXPECT_THAT(idsOf(scan()), ElementsAre("cg:10:41", "cg:10:40"));
 }
 
-TEST_F(WindowServerScan, MinimisedWindowsAndThoseWithoutNumberAreNotListed) {
-  sim::WindowSpec minimized = numbered("Hidden", 61);
-  minimized.minimized = true;
-  desktop.populate({app(10, "Mail", {numbered("Inbox", 60), minimized, numbered("Loose", 0)})});
-  EXPECT_THAT(idsOf(scan()), ElementsAre("cg:10:60"));
-}
-
 TEST_F(WindowServerScan, AccessibilityRevokedMidRunMovesTasksToWindowServerIds) {
   desktop.populate({app(10, "Mail", {numbered("Inbox", 40)})});
   AppModel& model = start();
