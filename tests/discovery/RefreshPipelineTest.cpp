@@ -72,11 +72,14 @@ TEST_F(RefreshPipeline, UnchangedListsArePublishedOnlyWhenSkippingIsOff) {
   AppModel& model = startTwoApps();
   uint64_t before = model.runningApps.assignmentCount();
   advance(2);
+  model.refreshRunningApps(false, false, false, true);
   EXPECT_EQ(model.runningApps.assignmentCount(), before);
 
   model.settings.expertSkipUnchangedRefreshes = false;
   advance(2);
   EXPECT_EQ(model.runningApps.assignmentCount(), before + 4);
+  model.refreshRunningApps(false, false, false, true);
+  EXPECT_EQ(model.runningApps.assignmentCount(), before + 5);
 }
 
 TEST_F(RefreshPipeline, WindowsOfTheFirstRefreshAreNotRecentLaterOnesGoFirst) {
