@@ -4,32 +4,13 @@
 
 #include <set>
 
+#include "BusyDesktop.h"
 #include "model/AppModel.h"
-#include "platform/sim/SimDesktop.h"
 
 namespace {
 
-using tolv::sim::AppSpec;
+using tolv::bench::busyDesktop;
 using tolv::sim::SimDesktop;
-using tolv::sim::WindowSpec;
-
-std::vector<AppSpec> busyDesktop() {
-  std::vector<AppSpec> apps;
-  for (int a = 0; a < 20; ++a) {
-    AppSpec app;
-    app.pid = 1000 + a;
-    app.name = "App " + std::to_string(a);
-    app.bundleIdentifier = "com.example.app" + std::to_string(a);
-    app.active = a == 0;
-    for (int w = 0; w < 10; ++w) {
-      WindowSpec window;
-      window.title = "Window " + std::to_string(w);
-      app.windows.push_back(window);
-    }
-    apps.push_back(app);
-  }
-  return apps;
-}
 
 struct ScanFixture {
   SimDesktop desktop;

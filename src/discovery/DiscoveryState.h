@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
@@ -9,10 +10,20 @@
 
 #include "model/Records.h"
 #include "platform/AXTypes.h"
+#include "platform/Accessibility.h"
 #include "platform/Image.h"
 #include "platform/Pid.h"
 
 namespace tolv {
+
+class AppModel;
+
+// What every notification of an application's observer carries back: the model,
+// which may be gone by then, and the application.
+struct AXApplicationObserverContext {
+  std::weak_ptr<AppModel> model;
+  Pid processIdentifier = 0;
+};
 
 // What the scan keeps of an application for the life of its process.
 struct AppMetadata {
@@ -49,16 +60,22 @@ struct WindowTitleAndKey {
   std::string key;
 };
 
-// Window discovery's part of the model: per-application caches and the
-// windows known through observers.
+// Window discovery's part of the model: per-application caches, the observers
+// and the windows known through them, and the duplicates already reported.
 struct DiscoveryState {
   std::map<Pid, AppMetadata> appMetadataCache;
   std::map<Pid, AXApplicationWindowCache> axApplicationWindowCache;
+  std::map<Pid, std::shared_ptr<AXObserver>> axObserversByPID;
+  std::map<Pid, std::unique_ptr<AXApplicationObserverContext>> axObserverContextsByPID;
   std::map<Pid, AXElementList> observedAXWindowsByPID;
   std::set<Pid> fallbackAXPollingPIDs;
   std::set<Pid> dirtyApplicationPIDs;
   bool axObserverDeliverySuspended = false;
   std::set<Pid> closeArtifactSuppressionPIDs;
+  // Ids the scan returned twice and that were logged, for the life of the process.
+  std::set<std::string> reportedDuplicateWindowIDs;
+  // Names of the applications with a badge in the Dock.
+  std::set<std::string> cachedBadgedApps;
 };
 
 namespace scan_constants {

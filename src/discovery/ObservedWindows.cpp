@@ -41,7 +41,36 @@ void AppModel::updateObservedWindows(const AXElementList& windows, Pid pid) {
       std::equal(old.begin(), old.end(), windows.begin(),
                  [&](const AXElement& a, const AXElement& b) { return ax.equal(a, b); });
   if (unchanged) return;
+
+  auto observer = discovery.axObserversByPID.find(pid);
+  auto context = discovery.axObserverContextsByPID.find(pid);
+  if (observer == discovery.axObserversByPID.end() ||
+      context == discovery.axObserverContextsByPID.end()) {
+    discovery.observedAXWindowsByPID[pid] = windows;
+    return;
+  }
+  auto contains = [&](const AXElementList& list, const AXElement& window) {
+    return std::any_of(list.begin(), list.end(),
+                       [&](const AXElement& other) { return ax.equal(other, window); });
+  };
+  AXObserver& axObserver = *observer->second;
+  for (const AXElement& window : old) {
+    if (contains(windows, window)) continue;
+    ax.removeNotification(axObserver, window, ax::UIElementDestroyedNotification);
+    ax.removeNotification(axObserver, window, ax::TitleChangedNotification);
+  }
+  bool destroyedEventsMissing = false;
+  for (const AXElement& window : windows) {
+    if (contains(old, window)) continue;
+    AXError destroyed = ax.addNotification(axObserver, window, ax::UIElementDestroyedNotification,
+                                           context->second.get());
+    ax.addNotification(axObserver, window, ax::TitleChangedNotification, context->second.get());
+    if (!axNotificationRegistered(destroyed)) destroyedEventsMissing = true;
+  }
+  // The old list is a reference into the map: store only after the comparisons.
   discovery.observedAXWindowsByPID[pid] = windows;
+  // Without its destroyed event a window would never leave the list: poll instead.
+  if (destroyedEventsMissing) discovery.fallbackAXPollingPIDs.insert(pid);
 }
 
 }  // namespace tolv

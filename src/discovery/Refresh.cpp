@@ -1,47 +1,208 @@
-// How windows reach the model: scan, merge with the list the bar shows, publish.
+// How windows reach the model: scan, merge with the list the bar shows, order,
+// publish.
 
-#include <map>
+#include <algorithm>
+#include <unordered_map>
+#include <unordered_set>
 
+#include "arrangement/ScanOrder.h"
 #include "model/AppModel.h"
+#include "model/TaskIdentifiers.h"
 
 namespace tolv {
 
-void AppModel::refreshRunningApps(bool /*forceBadgeScan*/, bool /*allowCacheSkip*/,
-                                  bool /*onlyIfDirty*/, bool publish) {
-  const std::vector<RunningAppItem> base =
-      publish ? runningApps.get() : scannedRunningApps.value_or(runningApps.get());
+namespace {
 
-  std::set<Pid> seen;
-  auto apps = listRegularApplications(platform_.workspace->ownProcessIdentifier(), seen);
-  pruneApplicationCaches(seen);
+constexpr const char* kNoColor = "Default";
 
-  std::vector<RunningAppItem> scanned;
-  for (const auto& app : apps) {
-    for (auto& item : scanApplicationWindows(app, false, false)) {
-      if (!isBlacklisted(item.name)) scanned.push_back(std::move(item));
-    }
-  }
+std::vector<std::string> idsOf(const std::vector<RunningAppItem>& items) {
+  std::vector<std::string> ids;
+  ids.reserve(items.size());
+  for (const auto& item : items)
+    ids.push_back(item.id);
+  return ids;
+}
 
-  // Known tasks keep their places and take their fresh values; new ones follow.
-  std::map<std::string, const RunningAppItem*> fresh;
-  for (const auto& item : scanned)
-    fresh.emplace(item.id, &item);
-  std::vector<RunningAppItem> merged;
-  std::set<std::string> baseIDs;
-  for (const auto& item : base) {
-    baseIDs.insert(item.id);
-    if (auto found = fresh.find(item.id); found != fresh.end()) merged.push_back(*found->second);
-  }
-  for (const auto& item : scanned) {
-    if (!baseIDs.count(item.id)) merged.push_back(item);
-  }
+}  // namespace
 
-  scannedRunningApps = merged;
-  if (publish) runningApps = merged;
+void AppModel::assignRunningApps(std::vector<RunningAppItem> items) {
+  // The tab times are brought up to date first, so that views redrawing on
+  // the assignment already find the times of new tabs.
+  std::vector<RunningAppItem> withWorkspaces = items;
+  for (const auto& workspace : managedWorkspaceTasks.get())
+    withWorkspaces.push_back(workspaceItem(workspace));
+  updateTabTimes(withWorkspaces);
+  runningApps.publish(std::move(items));
 }
 
 void AppModel::publishScannedApps() {
-  if (scannedRunningApps) runningApps = *scannedRunningApps;
+  if (isOffDesktopWorkspace() || !scannedRunningApps) return;
+  if (!settings.expertSkipUnchangedRefreshes || *scannedRunningApps != runningApps.get()) {
+    assignRunningApps(*scannedRunningApps);
+  }
+  if (settings.expertAttemptCompleteScansWhenSwitchingToWS && pipeline.desktopScanCycleInProgress) {
+    pipeline.lastGoodDesktopRunningApps = runningApps.get();
+    pipeline.desktopScanAwaitingRedraw = false;
+    pipeline.desktopScanCycleInProgress = false;
+    continuePendingSwitch();
+  }
+}
+
+void AppModel::refreshRunningApps(bool forceBadgeScan, bool allowCacheSkip, bool onlyIfDirty,
+                                  bool publish) {
+  if (pipeline.taskResizeSuspended) return;
+  if (!life.initialWindowListReady) {
+    if (!runningApps->empty()) assignRunningApps({});
+    scannedRunningApps.reset();
+    return;
+  }
+  // The desktop's list is not overwritten by what a full-screen space shows.
+  if (isOffDesktopWorkspace()) return;
+
+  const bool badgesScanned = scanBadgesIfDue(forceBadgeScan);
+  // A quiet tick: one look at two sets, no platform call.
+  if (onlyIfDirty && discovery.dirtyApplicationPIDs.empty() &&
+      discovery.fallbackAXPollingPIDs.empty() && !badgesScanned && accessibilityTrusted.get()) {
+    return;
+  }
+
+  bool opensDesktopScanCycle = false;
+  if (settings.expertAttemptCompleteScansWhenSwitchingToWS) {
+    auto current = currentWorkspaceTask();
+    if (current && current->isDesktopSpace) {
+      pipeline.desktopScanCycleInProgress = true;
+      pipeline.desktopScanAwaitingRedraw = !publish;
+      opensDesktopScanCycle = true;
+    }
+  }
+  auto finishDesktopScanCycle = [&] {
+    if (!opensDesktopScanCycle || !publish) return;
+    pipeline.lastGoodDesktopRunningApps = runningApps.get();
+    pipeline.desktopScanAwaitingRedraw = false;
+    pipeline.desktopScanCycleInProgress = false;
+    continuePendingSwitch();
+  };
+
+  const std::vector<RunningAppItem> base = normalizeBaseList(
+      publish ? runningApps.get() : scannedRunningApps.value_or(runningApps.get()), publish);
+  std::unordered_map<std::string, const RunningAppItem*> baseByID;
+  std::unordered_set<std::string> baseIDs;
+  for (const auto& item : base) {
+    baseByID.emplace(item.id, &item);
+    baseIDs.insert(item.id);
+  }
+
+  std::set<Pid> listed;
+  const auto apps = listRegularApplications(platform_.workspace->ownProcessIdentifier(), listed);
+  pruneApplicationCaches(listed);
+  syncAXObservers(apps);
+
+  std::vector<RunningAppItem> scanned;
+  if (accessibilityTrusted.get()) {
+    for (const auto& app : apps) {
+      auto items = scanApplication(app, allowCacheSkip, onlyIfDirty);
+      giveDefaultColors(items, baseIDs);
+      scanned.insert(scanned.end(), items.begin(), items.end());
+    }
+  } else {
+    scanned = scanWindowServerTasks(apps);
+  }
+
+  std::vector<RunningAppItem> merged = mergeScannedItems(base, std::move(scanned));
+  updateActiveAndPreviousWindows(merged);
+
+  // Nothing new: no ordering, no publishing.
+  const bool unchanged = merged.size() == base.size() &&
+                         std::all_of(merged.begin(), merged.end(), [&](const RunningAppItem& item) {
+                           auto known = baseByID.find(item.id);
+                           return known != baseByID.end() && *known->second == item;
+                         });
+  if (allowCacheSkip && settings.expertSkipUnchangedRefreshes && life.hasCompletedInitialRefresh &&
+      unchanged) {
+    finishDesktopScanCycle();
+    return;
+  }
+
+  // The windows of the first refresh were there at start; later ones are new.
+  if (life.hasCompletedInitialRefresh) {
+    std::vector<std::string> newIDs;
+    for (const auto& item : merged) {
+      if (!baseIDs.count(item.id)) newIDs.push_back(item.id);
+    }
+    noteNewRecentWindows(newIDs);
+    if (settings.newWindowsGo == "first" && !newIDs.empty()) {
+      std::set<std::string> forcedDesktopIDs;
+      for (const auto& id : settings.forcedDesktopWorkspaceIDs)
+        forcedDesktopIDs.insert(workspaceTaskID(id));
+      settings.taskOrder =
+          orderWithNewWindowsFirst(settings.taskOrder, idsOf(base), newIDs, forcedDesktopIDs);
+      persistSetting("taskOrder");
+    }
+  }
+  if (publish) restoreWorkspaceTaskbarState(merged);
+
+  std::vector<RunningAppItem> sorted =
+      sortRunningItems(std::move(merged), settings.taskOrder, previousPositions(base));
+  scannedRunningApps = sorted;
+  if (publish && (!settings.expertSkipUnchangedRefreshes || sorted != runningApps.get())) {
+    assignRunningApps(sorted);
+  }
+
+  pruneTaskKeyedState(sorted);
+  restoreWorkspaceColors(sorted);
+  life.hasCompletedInitialRefresh = true;
+  finishDesktopScanCycle();
+}
+
+std::vector<RunningAppItem> AppModel::scanApplication(const RunningApplication& app,
+                                                      bool allowCacheSkip, bool onlyIfDirty) {
+  const Pid pid = app.processIdentifier;
+  const bool hasBadge = discovery.cachedBadgedApps.count(
+                            app.localizedName.value_or(scan_constants::kUnnamedApplication)) > 0;
+  std::vector<RunningAppItem> items;
+  if (!onlyIfDirty || discovery.dirtyApplicationPIDs.count(pid)) {
+    items = scanApplicationWindows(app, hasBadge, false);
+  } else if (discovery.fallbackAXPollingPIDs.count(pid) ||
+             !discovery.axApplicationWindowCache.count(pid)) {
+    // Without a working observer the application is polled.
+    items = scanApplicationWindows(app, hasBadge,
+                                   allowCacheSkip && settings.expertSkipUnchangedRefreshes);
+  } else {
+    return cachedApplicationWindows(pid, hasBadge).value_or(std::vector<RunningAppItem>{});
+  }
+  discovery.dirtyApplicationPIDs.erase(pid);
+  return items;
+}
+
+void AppModel::giveDefaultColors(const std::vector<RunningAppItem>& items,
+                                 const std::unordered_set<std::string>& baseIDs) {
+  for (const auto& item : items) {
+    if (!item.bundleIdentifier || baseIDs.count(item.id) || liveTabColors.count(item.id)) {
+      continue;
+    }
+    auto color = settings.defaultAppColors.find(*item.bundleIdentifier);
+    if (color == settings.defaultAppColors.end() || color->second == kNoColor) continue;
+    liveTabColors[item.id] = color->second;
+  }
+}
+
+void AppModel::pruneTaskKeyedState(const std::vector<RunningAppItem>& items) {
+  std::unordered_set<std::string> live{std::string(kWorkspaceGroupID)};
+  for (const auto& item : items) {
+    live.insert(item.id);
+    live.insert(autoGroupID(item.processIdentifier));
+  }
+  for (const auto& [window, groupKey] : settings.customGroupMembers)
+    live.insert(customGroupID(groupKey));
+  for (const auto& [groupKey, name] : settings.customGroupNames)
+    live.insert(customGroupID(groupKey));
+  for (const auto& workspace : managedWorkspaceTasks.get())
+    live.insert(workspaceTaskID(workspace.id));
+
+  auto gone = [&](const std::string& id) { return !live.count(id); };
+  std::erase_if(liveTabColors, [&](const auto& entry) { return gone(entry.first); });
+  std::erase_if(manualLiveColorIDs, gone);
+  std::erase_if(lumoPriorityIDs, gone);
 }
 
 }  // namespace tolv

@@ -6,9 +6,12 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "discovery/DiscoveryState.h"
+#include "discovery/RefreshState.h"
+#include "model/ModelLifeState.h"
 #include "model/Published.h"
 #include "model/Records.h"
 #include "model/Settings.h"
@@ -49,17 +52,75 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   void start();
   // Stops every timer, task and observer; called once at termination.
   void stop();
+  // Reads the accessibility grant; the first call of a run may show the system's prompt.
+  void refreshAccessibilityTrust();
+  // Display sleep ("display"), a resigned session ("session") and the screen saver
+  // ("screensaver") each keep the system inactive until their opposite event.
+  void setSystemInactive(const std::string& reason, bool inactive);
+  // An application launched, ended, became active, hid or unhid; `pid` comes with
+  // an ending only.
+  void handleApplicationEvent(std::optional<Pid> pid);
+  void handleActiveSpaceChange();
+  // The first full refresh, once the start-up wait allows scanning; the switcher
+  // and the attention filter sheet call it too, so they work on a current list.
+  void beginInitialRefresh(bool forceBadgeScan);
+  ModelLifeState life;
 
   // ---- Model core: observable state -----------------------------------------------
   Published<std::vector<RunningAppItem>> runningApps;
   // The last scan, not yet published; absent before the first one.
   std::optional<std::vector<RunningAppItem>> scannedRunningApps;
   Published<bool> accessibilityTrusted;
+  Published<bool> systemIsInactive;
+  // The bar is out of view; the foreground timers stand still meanwhile.
+  Published<bool> taskbarIsHidden;
 
   // ---- Window discovery: refresh (discovery/) ---------------------------------------
   // The one operation through which windows reach the model.
   void refreshRunningApps(bool forceBadgeScan, bool allowCacheSkip, bool onlyIfDirty, bool publish);
   void publishScannedApps();
+  // Every assignment of runningApps goes through here, so the tab times follow.
+  void assignRunningApps(std::vector<RunningAppItem> items);
+  // The scan stage, the publish stage and the scans while the bar is hidden.
+  void configureTimers();
+  void startWindowScanTimer(bool fireNow);
+  void startRefreshTimer(std::optional<double> firstDelay);
+  void startBackgroundRefreshTimer();
+  void runWindowScanTick();
+  void runRefreshTick();
+  void runBackgroundRefreshTick();
+  // Inactive with expertPauseWhenDisplaySleeps: ticks and events do nothing.
+  bool refreshingIsPaused() const;
+  void setTaskbarHidden(bool hidden);
+  // The refresh that confirms a user's action, after actionRefreshDelayMS.
+  void scheduleActionRefresh();
+  // Puts the last complete desktop list back when a space change broke off a
+  // desktop scan cycle.
+  void restoreLastGoodDesktopList();
+  // Reads the Dock's badges when they are due or forced; whether it did.
+  bool scanBadgesIfDue(bool forceBadgeScan);
+  // One application's tasks in a refresh: rescanned when dirty or polled, else
+  // taken from its cache.
+  std::vector<RunningAppItem> scanApplication(const RunningApplication& app, bool allowCacheSkip,
+                                              bool onlyIfDirty);
+  // New tasks of an application with a lasting colour take that colour.
+  void giveDefaultColors(const std::vector<RunningAppItem>& items,
+                         const std::unordered_set<std::string>& baseIDs);
+  // Colours and switcher priorities keep only ids of live tasks, groups and workspaces.
+  void pruneTaskKeyedState(const std::vector<RunningAppItem>& items);
+  RefreshState pipeline;
+
+  // ---- Window discovery: window server and duplicates (discovery/) -------------------
+  // The on-screen windows of layer 0 of the given applications, front to back:
+  // the tasks while accessibility is missing.
+  std::vector<RunningAppItem> scanWindowServerTasks(const std::vector<RunningApplication>& apps);
+  // The list a refresh starts from, without duplicates; a repair is stored and
+  // reported as an issue that asks for a restart.
+  std::vector<RunningAppItem> normalizeBaseList(std::vector<RunningAppItem> base, bool publish);
+  // The scan merged into the base list: known tasks keep their places. A
+  // duplicate from the scan is dropped and logged once per run.
+  std::vector<RunningAppItem> mergeScannedItems(const std::vector<RunningAppItem>& base,
+                                                std::vector<RunningAppItem> scanned);
 
   // ---- Window discovery: accessibility window scan (discovery/) ---------------------
   DiscoveryState discovery;
@@ -84,11 +145,52 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   void pruneApplicationCaches(const std::set<Pid>& livePids);
 
   // ---- Window discovery: observers ----------------------------------------------------
+  // One observer per listed application; an application whose observer can't be
+  // set up is polled instead.
+  void syncAXObservers(const std::vector<RunningApplication>& apps);
+  void removeAllAXObservers();
+  // Drops everything kept about an application's observer and windows.
+  void forgetObservedApplication(Pid pid);
   void updateObservedWindows(const AXElementList& windows, Pid pid);
+  void setAXObserverDeliverySuspended(bool suspended);
+  // Marks the application dirty for the next scan tick.
+  void handleAXNotification(Pid pid, const AXElement& element, const std::string& notification);
 
   // ---- Task arrangement: task order (arrangement/) -------------------------------------
   // Drops every task of a process that has ended.
   void forgetTasksOfProcess(Pid pid);
+
+  // ---- Task arrangement: active, previous and recent windows (arrangement/) ------------
+  // The task with the active-window strip.
+  Published<std::optional<std::string>> activeBlueStripWindowID;
+  // By application key: the task last known active, and the one active before it.
+  std::map<std::string, std::string> activeWindowIDsByApplication;
+  Published<std::map<std::string, std::string>> previousWindowIDsByApplication;
+  // The previous window across all applications, for single-window applications.
+  std::optional<std::string> singleAppPreviousWindowID;
+  Published<std::optional<std::string>> previousManagedWorkspaceID;
+  // When a tab appeared or was last renamed (seconds since 1970), and its name then.
+  std::map<std::string, double> tabCreationOrModificationTimes;
+  std::map<std::string, std::string> tabLastKnownNames;
+
+  void updateActiveAndPreviousWindows(const std::vector<RunningAppItem>& items);
+  void recordPreviousWindow(const RunningAppItem& task);
+  void noteTaskDeactivated(const RunningAppItem& task);
+  // Puts a task id (a window's, or "workspace:" + a workspace's) first in the recents.
+  void noteRecentWindow(const std::string& taskID);
+  // The windows a refresh found new go first in the recents, in list order.
+  void noteNewRecentWindows(const std::vector<std::string>& newIDs);
+  bool showsActiveStrip(const RunningAppItem& task) const;
+  bool isPreviousWindowOfApplication(const RunningAppItem& task) const;
+  bool showsPreviousStrip(const RunningAppItem& task) const;
+  bool isPreviousWorkspace(const ManagedWorkspaceTask& task) const;
+  std::vector<RunningAppItem> recentWindowItems() const;
+  // Asks first; "Clear" empties the recents and removes the stored key.
+  void clearRecents();
+  void updateTabTimes(const std::vector<RunningAppItem>& items);
+  // "1:07pm" and "Mon 2" in the local time zone, for tabs with a known time.
+  std::optional<std::string> tabTimeText(const RunningAppItem& task) const;
+  std::optional<std::string> tabDateText(const RunningAppItem& task) const;
 
   // ---- Task arrangement: grouping (arrangement/) ---------------------------------------
   // The taskbar's slots in item order: single tasks, groups and workspace tasks.
@@ -107,6 +209,24 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   // ---- Workspaces (workspaces/) ------------------------------------------------------------
   // The Mission Control spaces of the main display as tasks.
   Published<std::vector<ManagedWorkspaceTask>> managedWorkspaceTasks;
+  // A jump that waits for a desktop scan cycle to end.
+  std::optional<std::string> pendingWorkspaceSwitchID;
+  // The first task with isCurrent set.
+  std::optional<ManagedWorkspaceTask> currentWorkspaceTask() const;
+  // Behaviour "desktop" while the current space isn't a desktop: the bar keeps
+  // the desktop's tasks and neither scans nor publishes.
+  bool isOffDesktopWorkspace() const;
+  RunningAppItem workspaceItem(const ManagedWorkspaceTask& task) const;
+  void refreshManagedWorkspaces();
+  void saveWorkspaceTaskbarState();
+  void saveWorkspaceColors();
+  void restoreWorkspaceTaskbarState(std::vector<RunningAppItem>& items);
+  void restoreWorkspaceColors(const std::vector<RunningAppItem>& items);
+  void continuePendingSwitch();
+
+  // ---- Switcher (switcher/) ------------------------------------------------------------------
+  // Tasks and groups the user put first in the switcher; pruned with the task list.
+  std::set<std::string> lumoPriorityIDs;
 
   // ---- Application lifecycle (app/) -----------------------------------------------------
   // The one way alerts are shown; 1000 answers the first button.
@@ -120,6 +240,14 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
 
  private:
   explicit AppModel(const Platform& platform);
+
+  // A repeating timer whose ticks reach the model for as long as it lives.
+  std::unique_ptr<Timer> scheduleRepeatingTick(double firstDelay, double period,
+                                               void (AppModel::*tick)());
+  void postWindowScanTick();
+  // One pass of the start-up wait: poll for the grant, ask for the relaunch, or
+  // let the first refresh run.
+  void continueStartupWait(const MainTaskHandle& task);
 
   // Runs `work` later on the main queue, unless the model is gone by then.
   void postAfter(double delay, std::function<void(AppModel&)> work);

@@ -90,6 +90,10 @@ inline AXError axErrorOf(const AXValue& value) {
   if (auto* error = std::get_if<AXError>(&value)) return *error;
   return AXError::Success;
 }
+// Whether an observer registration holds: one made before counts as made.
+inline bool axNotificationRegistered(AXError error) {
+  return error == AXError::Success || error == AXError::NotificationAlreadyRegistered;
+}
 
 // Attribute and action names of the accessibility interface.
 namespace ax {
@@ -104,6 +108,12 @@ inline constexpr const char* Minimized = "AXMinimized";
 inline constexpr const char* CloseButton = "AXCloseButton";
 inline constexpr const char* Frontmost = "AXFrontmost";
 inline constexpr const char* WindowRole = "AXWindow";
+
+// Notifications that observers register for.
+inline constexpr const char* WindowCreatedNotification = "AXWindowCreated";
+inline constexpr const char* FocusedWindowChangedNotification = "AXFocusedWindowChanged";
+inline constexpr const char* UIElementDestroyedNotification = "AXUIElementDestroyed";
+inline constexpr const char* TitleChangedNotification = "AXTitleChanged";
 }  // namespace ax
 
 }  // namespace tolv

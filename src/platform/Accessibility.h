@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -9,6 +11,24 @@
 #include "platform/Pid.h"
 
 namespace tolv {
+
+// An observer of one application's accessibility notifications (AXObserverRef).
+// It delivers on the main run loop while it is scheduled there, and stops for
+// good when the last reference goes.
+class AXObserver {
+ public:
+  virtual ~AXObserver() = default;
+};
+
+// Receives one notification: the element it is about, its name, and the context
+// given when the notification was registered.
+using AXObserverCallback =
+    std::function<void(const AXElement& element, const std::string& notification, void* context)>;
+
+struct AXObserverCreation {
+  AXError error = AXError::Success;
+  std::shared_ptr<AXObserver> observer;
+};
 
 // The accessibility interface: the main source of windows and the main means of
 // acting on them. Stands for AXIsProcessTrusted(WithOptions),
@@ -37,6 +57,17 @@ class Accessibility {
 
   // The window-server number of a window element; 0 or nothing when unknown.
   virtual std::optional<uint32_t> windowNumber(const AXElement& window) = 0;
+
+  // Observers: AXObserverCreate, AXObserverAddNotification and
+  // AXObserverRemoveNotification; scheduling adds or removes the observer's
+  // AXObserverGetRunLoopSource on CFRunLoopGetMain in kCFRunLoopCommonModes.
+  virtual AXObserverCreation createObserver(Pid pid, AXObserverCallback callback) = 0;
+  virtual AXError addNotification(AXObserver& observer, const AXElement& element,
+                                  std::string_view notification, void* context) = 0;
+  virtual AXError removeNotification(AXObserver& observer, const AXElement& element,
+                                     std::string_view notification) = 0;
+  virtual void scheduleOnMainRunLoop(AXObserver& observer) = 0;
+  virtual void unscheduleFromMainRunLoop(AXObserver& observer) = 0;
 };
 
 }  // namespace tolv

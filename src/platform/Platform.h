@@ -2,6 +2,7 @@
 
 #include "platform/Accessibility.h"
 #include "platform/Alerts.h"
+#include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "platform/Images.h"
 #include "platform/NotificationCenter.h"
@@ -17,6 +18,7 @@ namespace tolv {
 // backend owns them and outlives the model.
 struct Platform {
   RunLoop* runLoop = nullptr;
+  Clock* clock = nullptr;
   Accessibility* accessibility = nullptr;
   Workspace* workspace = nullptr;
   WindowServer* windowServer = nullptr;

@@ -1,8 +1,45 @@
 #include "platform/sim/SimAccessibility.h"
 
+#include <algorithm>
+
 #include "platform/sim/SimDesktop.h"
 
 namespace tolv::sim {
+
+class SimObserver : public AXObserver {
+ public:
+  struct Registration {
+    AXElement element;  // held, as the platform retains it
+    std::string notification;
+    void* context = nullptr;
+  };
+
+  SimObserver(Pid pid, AXObserverCallback callback) : pid(pid), callback(std::move(callback)) {}
+
+  Registration* find(const void* element, std::string_view notification) {
+    for (auto& registration : registrations) {
+      if (registration.element.get() == element && registration.notification == notification) {
+        return &registration;
+      }
+    }
+    return nullptr;
+  }
+
+  Pid pid;
+  AXObserverCallback callback;
+  bool scheduled = false;
+  std::vector<Registration> registrations;
+};
+
+void SimAccessibility::count(const char* operation, const SimElement* element) {
+  calls_.count(operation);
+  if (element) ++callsByPid_[element->pid];
+}
+
+int64_t SimAccessibility::callsFor(Pid pid) const {
+  auto found = callsByPid_.find(pid);
+  return found == callsByPid_.end() ? 0 : found->second;
+}
 
 bool SimAccessibility::isProcessTrusted() {
   calls_.count("accessibility.isProcessTrusted");
@@ -17,6 +54,7 @@ bool SimAccessibility::isProcessTrustedWithPrompt() {
 
 AXElement SimAccessibility::applicationElement(Pid pid) {
   calls_.count("accessibility.applicationElement");
+  ++callsByPid_[pid];
   if (const SimApp* app = desktop_.app(pid)) return AXElement(app->element);
   // Like the real call, an element is made for any pid; reads on it fail.
   auto orphan = std::make_shared<SimElement>();
@@ -94,16 +132,16 @@ AXValue SimAccessibility::read(const SimElement& element, std::string_view attri
 }
 
 AXValue SimAccessibility::copyAttribute(const AXElement& element, std::string_view attribute) {
-  calls_.count("accessibility.copyAttribute");
   const auto* simElement = element.as<SimElement>();
+  count("accessibility.copyAttribute", simElement);
   if (auto failure = callFailure(simElement)) return *failure;
   return read(*simElement, attribute);
 }
 
 std::optional<std::vector<AXValue>> SimAccessibility::copyMultipleAttributes(
     const AXElement& element, const std::vector<std::string>& attributes) {
-  calls_.count("accessibility.copyMultipleAttributes");
   const auto* simElement = element.as<SimElement>();
+  count("accessibility.copyMultipleAttributes", simElement);
   if (callFailure(simElement)) return std::nullopt;
   if (desktop_.app(simElement->pid)->multipleAttributeCallsFail) return std::nullopt;
   std::vector<AXValue> values;
@@ -114,23 +152,128 @@ std::optional<std::vector<AXValue>> SimAccessibility::copyMultipleAttributes(
 }
 
 uint64_t SimAccessibility::hash(const AXElement& element) {
-  calls_.count("accessibility.hash");
   const auto* simElement = element.as<SimElement>();
+  count("accessibility.hash", simElement);
   return simElement ? simElement->hash : 0;
 }
 
 bool SimAccessibility::equal(const AXElement& a, const AXElement& b) {
-  calls_.count("accessibility.equal");
+  count("accessibility.equal", a.as<SimElement>());
   return a.get() == b.get();
 }
 
 std::optional<uint32_t> SimAccessibility::windowNumber(const AXElement& window) {
-  calls_.count("accessibility.windowNumber");
   const auto* simElement = window.as<SimElement>();
+  count("accessibility.windowNumber", simElement);
   if (callFailure(simElement) || simElement->kind != SimElement::Kind::Window) {
     return std::nullopt;
   }
   return desktop_.window(simElement->window)->number;
+}
+
+AXObserverCreation SimAccessibility::createObserver(Pid pid, AXObserverCallback callback) {
+  calls_.count("accessibility.createObserver");
+  ++callsByPid_[pid];
+  const SimApp* app = desktop_.app(pid);
+  if (!desktop_.accessibilityGranted()) return {AXError::APIDisabled, nullptr};
+  if (!app) return {AXError::IllegalArgument, nullptr};
+  if (app->observerCreationError) return {*app->observerCreationError, nullptr};
+  auto observer = std::make_shared<SimObserver>(pid, std::move(callback));
+  std::erase_if(observers_, [](const auto& weak) { return weak.expired(); });
+  observers_.push_back(observer);
+  return {AXError::Success, observer};
+}
+
+AXError SimAccessibility::addNotification(AXObserver& observer, const AXElement& element,
+                                          std::string_view notification, void* context) {
+  const auto* simElement = element.as<SimElement>();
+  count("accessibility.addNotification", simElement);
+  if (auto failure = callFailure(simElement)) return *failure;
+  const SimApp& app = *desktop_.app(simElement->pid);
+  if (auto injected = app.registrationErrors.find(std::string(notification));
+      injected != app.registrationErrors.end()) {
+    return injected->second;
+  }
+  auto& simObserver = static_cast<SimObserver&>(observer);
+  if (simObserver.find(element.get(), notification)) return AXError::NotificationAlreadyRegistered;
+  simObserver.registrations.push_back({element, std::string(notification), context});
+  return AXError::Success;
+}
+
+AXError SimAccessibility::removeNotification(AXObserver& observer, const AXElement& element,
+                                             std::string_view notification) {
+  count("accessibility.removeNotification", element.as<SimElement>());
+  auto& simObserver = static_cast<SimObserver&>(observer);
+  auto& registrations = simObserver.registrations;
+  auto found = std::find_if(registrations.begin(), registrations.end(), [&](const auto& entry) {
+    return entry.element.get() == element.get() && entry.notification == notification;
+  });
+  if (found == registrations.end()) return AXError::NotificationNotRegistered;
+  registrations.erase(found);
+  return AXError::Success;
+}
+
+void SimAccessibility::scheduleOnMainRunLoop(AXObserver& observer) {
+  calls_.count("accessibility.scheduleOnMainRunLoop");
+  static_cast<SimObserver&>(observer).scheduled = true;
+}
+
+void SimAccessibility::unscheduleFromMainRunLoop(AXObserver& observer) {
+  calls_.count("accessibility.unscheduleFromMainRunLoop");
+  static_cast<SimObserver&>(observer).scheduled = false;
+}
+
+std::vector<std::shared_ptr<SimObserver>> SimAccessibility::liveObservers(Pid pid) const {
+  std::vector<std::shared_ptr<SimObserver>> live;
+  for (const auto& weak : observers_) {
+    auto observer = weak.lock();
+    if (observer && observer->pid == pid) live.push_back(std::move(observer));
+  }
+  return live;
+}
+
+void SimAccessibility::announce(Pid pid, const SimElement& registeredOn, const AXElement& subject,
+                                const char* notification) {
+  if (!desktop_.accessibilityGranted()) return;
+  for (const auto& observer : liveObservers(pid)) {
+    if (!observer->scheduled) continue;
+    const auto* registration = observer->find(&registeredOn, notification);
+    if (!registration) continue;
+    std::weak_ptr<SimObserver> weak = observer;
+    void* context = registration->context;
+    std::string name = notification;
+    desktop_.runLoop().post([weak, subject, name, context] {
+      auto live = weak.lock();
+      if (live && live->scheduled) live->callback(subject, name, context);
+    });
+  }
+}
+
+void SimAccessibility::forgetRegistrations(const SimElement& element) {
+  for (const auto& observer : liveObservers(element.pid)) {
+    std::erase_if(observer->registrations,
+                  [&](const auto& registration) { return registration.element.get() == &element; });
+  }
+}
+
+int SimAccessibility::observerCount(Pid pid) const {
+  return static_cast<int>(liveObservers(pid).size());
+}
+
+int SimAccessibility::scheduledObserverCount(Pid pid) const {
+  auto live = liveObservers(pid);
+  return static_cast<int>(std::count_if(live.begin(), live.end(),
+                                        [](const auto& observer) { return observer->scheduled; }));
+}
+
+int SimAccessibility::registrationCount(Pid pid, std::string_view notification) const {
+  int total = 0;
+  for (const auto& observer : liveObservers(pid)) {
+    total += static_cast<int>(std::count_if(
+        observer->registrations.begin(), observer->registrations.end(),
+        [&](const auto& registration) { return registration.notification == notification; }));
+  }
+  return total;
 }
 
 }  // namespace tolv::sim

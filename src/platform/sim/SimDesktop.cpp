@@ -19,6 +19,7 @@ namespace tolv::sim {
 
 SimDesktop::SimDesktop()
     : runLoop_(std::make_unique<SimRunLoop>()),
+      clock_(std::make_unique<SimClock>(*runLoop_)),
       accessibility_(std::make_unique<SimAccessibility>(*this, calls_)),
       workspace_(std::make_unique<SimWorkspace>(*this, calls_)),
       windowServer_(std::make_unique<SimWindowServer>(*this, calls_)),
@@ -40,6 +41,7 @@ SimDesktop::~SimDesktop() {
 Platform SimDesktop::platform() {
   Platform platform;
   platform.runLoop = runLoop_.get();
+  platform.clock = clock_.get();
   platform.accessibility = accessibility_.get();
   platform.workspace = workspace_.get();
   platform.windowServer = windowServer_.get();
@@ -232,15 +234,38 @@ uint32_t SimDesktop::openWindow(Pid pid, const WindowSpec& spec) {
   uint32_t number = window.number;
   windows_.emplace(id, std::move(window));
   owner->windows.push_back(id);
-  // An application's focused window is the one marked focused, else its first.
-  if (spec.focused || !owner->focusedWindow) owner->focusedWindow = id;
   bringToFront(id);
+  announceToApplication(pid, id, ax::WindowCreatedNotification);
+  // An application's focused window is the one marked focused, else its first.
+  if (spec.focused || !owner->focusedWindow) setFocusedWindow(*owner, id);
   return number;
+}
+
+void SimDesktop::setFocusedWindow(SimApp& app, std::optional<uint64_t> window) {
+  if (app.focusedWindow == window) return;
+  app.focusedWindow = window;
+  if (window) announceToApplication(app.spec.pid, *window, ax::FocusedWindowChangedNotification);
+}
+
+void SimDesktop::announceToApplication(Pid pid, uint64_t window, const char* notification) {
+  const SimApp* owner = app(pid);
+  const SimWindow* subject = this->window(window);
+  if (!owner || !subject) return;
+  accessibility_->announce(pid, *owner->element, AXElement(subject->element), notification);
+}
+
+void SimDesktop::announceToWindow(uint64_t window, const char* notification) {
+  const SimWindow* subject = this->window(window);
+  if (!subject) return;
+  accessibility_->announce(subject->pid, *subject->element, AXElement(subject->element),
+                           notification);
 }
 
 void SimDesktop::removeWindow(uint64_t id) {
   auto found = windows_.find(id);
   if (found == windows_.end()) return;
+  announceToWindow(id, ax::UIElementDestroyedNotification);
+  accessibility_->forgetRegistrations(*found->second.element);
   Pid pid = found->second.pid;
   usedNumbers_.erase(found->second.number);
   windows_.erase(found);
@@ -250,13 +275,14 @@ void SimDesktop::removeWindow(uint64_t id) {
                          owner->windows.end());
     if (owner->focusedWindow == id) {
       // Focus passes to the frontmost remaining window of the application.
-      owner->focusedWindow.reset();
+      std::optional<uint64_t> next;
       for (uint64_t candidate : stacking_) {
         if (windows_.at(candidate).pid == pid) {
-          owner->focusedWindow = candidate;
+          next = candidate;
           break;
         }
       }
+      setFocusedWindow(*owner, next);
     }
   }
 }
@@ -272,7 +298,10 @@ bool SimDesktop::changeWindow(Pid pid, const WindowSelector& selector, const Win
   SimWindow* changed = findWindowMutable(pid, selector);
   if (!changed) return false;
   WindowSpec& spec = changed->spec;
-  if (change.title) spec.title = *change.title;
+  if (change.title && *change.title != spec.title) {
+    spec.title = *change.title;
+    announceToWindow(changed->id, ax::TitleChangedNotification);
+  }
   if (change.identifier) spec.identifier = *change.identifier;
   if (change.size) spec.size = *change.size;
   if (change.position) spec.position = *change.position;
@@ -285,7 +314,7 @@ bool SimDesktop::changeWindow(Pid pid, const WindowSelector& selector, const Win
 bool SimDesktop::focusWindow(Pid pid, const WindowSelector& selector) {
   const SimWindow* focused = findWindow(pid, selector);
   if (!focused) return false;
-  app(pid)->focusedWindow = focused->id;
+  setFocusedWindow(*app(pid), focused->id);
   bringToFront(focused->id);
   if (activePid_ != pid) activateApp(pid);
   return true;
@@ -338,6 +367,21 @@ bool SimDesktop::failAttribute(Pid pid, const WindowSelector& selector,
     target->failingAttributes.erase(attribute);
   }
   return true;
+}
+
+void SimDesktop::failObserverCreation(Pid pid, std::optional<AXError> error) {
+  if (SimApp* target = app(pid)) target->observerCreationError = error;
+}
+
+void SimDesktop::failNotificationRegistration(Pid pid, const std::string& notification,
+                                              std::optional<AXError> error) {
+  SimApp* target = app(pid);
+  if (!target) return;
+  if (error) {
+    target->registrationErrors[notification] = *error;
+  } else {
+    target->registrationErrors.erase(notification);
+  }
 }
 
 bool SimDesktop::listWindowTwice(Pid pid, const WindowSelector& selector, bool twice) {

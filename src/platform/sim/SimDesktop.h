@@ -11,6 +11,7 @@
 #include "platform/AXTypes.h"
 #include "platform/Platform.h"
 #include "platform/sim/CallCounter.h"
+#include "platform/sim/SimClock.h"
 #include "platform/sim/SimRunLoop.h"
 
 namespace tolv::sim {
@@ -91,6 +92,9 @@ struct SimApp {
   std::vector<uint64_t> windows;  // in the order they were opened
   std::optional<uint64_t> focusedWindow;
   bool multipleAttributeCallsFail = false;
+  // Faults of the observer operations: creation, and registration by notification.
+  std::optional<AXError> observerCreationError;
+  std::map<std::string, AXError> registrationErrors;
   Image icon;
 };
 
@@ -118,6 +122,8 @@ class SimDesktop {
 
   Platform platform();
   SimRunLoop& runLoop() { return *runLoop_; }
+  SimClock& clock() { return *clock_; }
+  SimAccessibility& accessibility() { return *accessibility_; }
   CallCounter& calls() { return calls_; }
   SimUserDefaults& defaults() { return *defaults_; }
   SimWorkspace& workspace() { return *workspace_; }
@@ -161,6 +167,11 @@ class SimDesktop {
   bool failAttribute(Pid pid, const WindowSelector& selector, const std::string& attribute,
                      bool fail);
   bool listWindowTwice(Pid pid, const WindowSelector& selector, bool twice);
+  // Makes AXObserverCreate, or the registration of one notification, fail with
+  // `error` for an application; no error restores the normal behaviour.
+  void failObserverCreation(Pid pid, std::optional<AXError> error);
+  void failNotificationRegistration(Pid pid, const std::string& notification,
+                                    std::optional<AXError> error);
 
   // What the desktop is now.
   bool accessibilityGranted() const { return accessibilityGranted_; }
@@ -188,12 +199,18 @@ class SimDesktop {
   void removeWindow(uint64_t window);
   void postWorkspaceNotification(const char* name, std::optional<Pid> pid);
   void postDistributedNotification(const char* name);
+  // Tells the application's observers; application-level notifications are
+  // registered on the application element, the others on the window's.
+  void announceToApplication(Pid pid, uint64_t window, const char* notification);
+  void announceToWindow(uint64_t window, const char* notification);
+  void setFocusedWindow(SimApp& app, std::optional<uint64_t> window);
   // Adds the application and its windows; returns the windows in the order given.
   std::vector<uint64_t> addApp(const AppSpec& spec);
   uint32_t nextFreeNumber();
   uint64_t freshHash() { return nextHash_++; }
 
   std::unique_ptr<SimRunLoop> runLoop_;
+  std::unique_ptr<SimClock> clock_;
   CallCounter calls_;
   std::unique_ptr<SimAccessibility> accessibility_;
   std::unique_ptr<SimWorkspace> workspace_;

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/sim/SimDesktop.h"
+
+namespace tolv::bench {
+
+inline constexpr int kBusyApplications = 20;
+inline constexpr int kBusyWindowsPerApplication = 10;
+inline constexpr Pid kFirstBusyPid = 1000;
+
+// A busy desktop: 20 applications with 10 titled windows each, the first active.
+inline std::vector<sim::AppSpec> busyDesktop() {
+  std::vector<sim::AppSpec> apps;
+  for (int a = 0; a < kBusyApplications; ++a) {
+    sim::AppSpec app;
+    app.pid = kFirstBusyPid + a;
+    app.name = "App " + std::to_string(a);
+    app.bundleIdentifier = "com.example.app" + std::to_string(a);
+    app.active = a == 0;
+    for (int w = 0; w < kBusyWindowsPerApplication; ++w) {
+      sim::WindowSpec window;
+      window.title = "Window " + std::to_string(w);
+      app.windows.push_back(window);
+    }
+    apps.push_back(app);
+  }
+  return apps;
+}
+
+}  // namespace tolv::bench

@@ -1,0 +1,101 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "discovery/Deduplication.h"
+#include "support/StartedModel.h"
+
+namespace tolv {
+namespace {
+
+using testing::app;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using testing::idsOf;
+using ::testing::IsEmpty;
+using testing::namesOf;
+using testing::window;
+
+RunningAppItem item(std::string id, std::string name = "") {
+  RunningAppItem made;
+  made.id = std::move(id);
+  made.name = name.empty() ? made.id : std::move(name);
+  return made;
+}
+
+TEST(UniqueItems, KeepsFirstOccurrencesAndNamesEachExtraOne) {
+  auto unique = uniqueItems({item("a", "first"), item("b"), item("a", "second"), item("a")});
+  EXPECT_THAT(namesOf(unique.items), ElementsAre("first", "b"));
+  EXPECT_THAT(unique.duplicateIDs, ElementsAre("a", "a"));
+}
+
+TEST(MergeWithBaseList, KnownTasksKeepTheirPlaceAndTakeFreshValuesNewOnesFollow) {
+  auto merged = mergeWithBaseList({item("a"), item("gone"), item("b")},
+                                  {item("new1"), item("b", "b renamed"), item("a"), item("new2")});
+  EXPECT_THAT(idsOf(merged), ElementsAre("a", "b", "new1", "new2"));
+  EXPECT_EQ(merged[1].name, "b renamed");
+}
+
+class Duplicates : public testing::StartedModel {};
+
+TEST_F(Duplicates, AStateWithOneIdThriceIsRepairedInTheScannedListAndAsksForARestart) {
+  desktop.populate({app(10, "Mail", {window("Inbox")})});
+  AppModel& model = start();
+  const std::string inbox = model.runningApps->front().id;
+  auto shownBefore = model.runningApps.assignmentCount();
+  std::vector<RunningAppItem> broken(3, model.runningApps->front());
+  model.scannedRunningApps = broken;
+
+  model.refreshRunningApps(false, false, false, false);
+  EXPECT_THAT(idsOf(*model.scannedRunningApps), ElementsAre(inbox));
+  EXPECT_EQ(model.runningApps.assignmentCount(), shownBefore);
+  EXPECT_THAT(log(), HasSubstr("Duplicate task state was detected before refresh.\n"
+                               "Duplicate window IDs: " +
+                               inbox + ", " + inbox +
+                               ". The task list was normalized before Tolv requested a "
+                               "controlled restart.\n\n"));
+  auto restart = boolValue(sim.defaults().value(kPendingRuntimeIssueRequestsRestartKey));
+  EXPECT_EQ(restart, true);
+}
+
+TEST_F(Duplicates, AScannedDuplicateGivesOneTaskAndOneLogEntryPerRun) {
+  sim::WindowSpec first = window("First");
+  first.hash = 7;
+  sim::WindowSpec second = window("Second");
+  second.hash = 7;
+  sim::WindowSpec other = window("Other");
+  other.hash = 8;
+  desktop.populate({app(10, "Mail", {first, second, other})});
+  AppModel& model = start();
+  EXPECT_THAT(shownIDs(), ElementsAre("ax:10:hash:7", "ax:10:hash:8"));
+  model.refreshRunningApps(false, false, false, true);
+  model.refreshRunningApps(false, false, false, true);
+
+  const std::string entry =
+      "A duplicate window was returned by the macOS window list.\n"
+      "Duplicate window IDs: ax:10:hash:7. The duplicate was removed before it could become a "
+      "second tab.\n\n";
+  EXPECT_THAT(log(), HasSubstr(entry));
+  EXPECT_EQ(log().size(), log().find(entry) + entry.size()) << "logged more than once";
+
+  // A new duplicate beside the known one is logged alone; nothing waits for the user.
+  sim::WindowSpec third = window("Third");
+  third.hash = 8;
+  desktop.openWindow(10, third);
+  model.refreshRunningApps(false, false, false, true);
+  EXPECT_THAT(log(), HasSubstr("Duplicate window IDs: ax:10:hash:8. The duplicate"));
+  EXPECT_FALSE(sim.defaults().contains(kPendingRuntimeIssueMessageKey));
+}
+
+TEST_F(Duplicates, ABlacklistedWindowIsRemovedBeforeDuplicatesAreLookedFor) {
+  sim::WindowSpec first = window("finder");
+  first.hash = 7;
+  sim::WindowSpec second = window("FINDER");
+  second.hash = 7;
+  desktop.populate({app(10, "Files", {first, second, window("Documents")})});
+  start();
+  EXPECT_THAT(shownNames(), ElementsAre("Documents"));
+  EXPECT_THAT(log(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace tolv
