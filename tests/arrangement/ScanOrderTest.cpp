@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "arrangement/ArrangementTesting.h"
 #include "arrangement/ScanOrder.h"
 #include "support/SimModel.h"
 
@@ -9,15 +10,7 @@ namespace {
 
 using ::testing::ElementsAre;
 using testing::idsOf;
-
-RunningAppItem task(std::string id, Pid pid, std::string appName, int64_t windowIndex) {
-  RunningAppItem item;
-  item.id = std::move(id);
-  item.processIdentifier = pid;
-  item.appName = std::move(appName);
-  item.windowIndex = windowIndex;
-  return item;
-}
+using testing::task;
 
 TEST(ScanOrder, WithoutAnyMemoryItSortsByApplicationNameThenWindowIndex) {
   auto sorted = sortRunningItems({task("s1", 7, "Safari", 1), task("m0", 3, "Mail", 0),
@@ -55,6 +48,24 @@ TEST(ScanOrder, EqualNamesOfTwoProcessesTieSoTheInsertionDecides) {
   EXPECT_THAT(idsOf(adjacent), ElementsAre("a0", "b0", "b1"));
 }
 
+TEST(ScanOrder, TheStoredOrderOutranksARememberedPlace) {
+  // Remembered first, but unlisted: every listed item stands before it.
+  PreviousPositions previous{{"remembered", 0}, {"listed", 5}};
+  auto sorted = sortRunningItems({task("remembered", 1, "Alpha", 0), task("listed", 2, "Zeta", 0)},
+                                 {"listed"}, previous);
+  EXPECT_THAT(idsOf(sorted), ElementsAre("listed", "remembered"));
+}
+
+TEST(ScanOrder, WithinOneProcessTheWindowIndexDecidesAmongNewWindows) {
+  // Windows that were already there keep their places; the new ones of one
+  // application follow by index, whatever order the scan found them in.
+  PreviousPositions previous{{"old", 0}};
+  auto sorted = sortRunningItems(
+      {task("w2", 4, "Notes", 2), task("old", 4, "Notes", 3), task("w0", 4, "Notes", 0)}, {},
+      previous);
+  EXPECT_THAT(idsOf(sorted), ElementsAre("old", "w0", "w2"));
+}
+
 TEST(ScanOrder, NamesCompareByteWiseWithoutCaseFolding) {
   auto sorted = sortRunningItems({task("l", 1, "alpha", 0), task("u", 2, "Zulu", 0)}, {}, {});
   EXPECT_THAT(idsOf(sorted), ElementsAre("u", "l"));
@@ -64,6 +75,16 @@ TEST(ScanOrder, PreviousPositionsTakeTheFirstOccurrence) {
   auto positions =
       previousPositions({task("a", 1, "A", 0), task("b", 1, "A", 1), task("a", 1, "A", 2)});
   EXPECT_EQ(positions, (PreviousPositions{{"a", 0}, {"b", 1}}));
+}
+
+class ModelScanOrder : public testing::ArrangementTest {};
+
+TEST_F(ModelScanOrder, TheModelSortsByItsStoredOrderAndOnlyReadsIt) {
+  model().settings.taskOrder = {"gone", "s0", "gone", "m0"};
+  auto sorted = model().sortedRunningItems(
+      {task("m0", 3, "Mail", 0), task("a0", 1, "Alpha", 0), task("s0", 7, "Safari", 0)}, {});
+  EXPECT_THAT(idsOf(sorted), ElementsAre("s0", "m0", "a0"));
+  EXPECT_THAT(model().settings.taskOrder, ElementsAre("gone", "s0", "gone", "m0"));
 }
 
 TEST(NewWindowsFirst, NewIdsLeadThenTheKeptOrderThenTheRest) {
