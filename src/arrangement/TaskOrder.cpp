@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <limits>
+#include <unordered_map>
 
-#include "arrangement/IdLists.h"
 #include "model/AppModel.h"
 #include "model/TaskIdentifiers.h"
 
@@ -99,23 +99,34 @@ namespace {
 
 constexpr int64_t kUnplaced = std::numeric_limits<int64_t>::max();
 
-int64_t placeOf(const std::vector<std::string>& order, std::string_view id) {
-  auto index = firstIndex(order, id);
-  return index ? static_cast<int64_t>(*index) : kUnplaced;
-}
+// The place of each id in the order, looked up once per entry.
+class Places {
+ public:
+  explicit Places(const std::vector<std::string>& order) {
+    for (size_t index = 0; index < order.size(); ++index)
+      places_.try_emplace(order[index], static_cast<int64_t>(index));
+  }
+  int64_t of(const std::string& id) const {
+    auto found = places_.find(id);
+    return found != places_.end() ? found->second : kUnplaced;
+  }
+
+ private:
+  std::unordered_map<std::string_view, int64_t> places_;
+};
 
 // A workspace or a single task stands at its own place, a custom group at its
 // first member's, an automatic group at its earliest window's.
-int64_t entryPlace(const TaskbarEntry& entry, const std::vector<std::string>& order) {
-  if (entry.workspace) return placeOf(order, entry.id);
-  if (entry.item) return placeOf(order, entry.item->id);
+int64_t entryPlace(const TaskbarEntry& entry, const Places& places) {
+  if (entry.workspace) return places.of(entry.id);
+  if (entry.item) return places.of(entry.item->id);
   if (entry.group) {
     const auto& windows = entry.group->windows;
     if (windows.empty()) return kUnplaced;
-    if (entry.group->isCustom) return placeOf(order, windows.front().id);
+    if (entry.group->isCustom) return places.of(windows.front().id);
     int64_t earliest = kUnplaced;
     for (const auto& window : windows)
-      earliest = std::min(earliest, placeOf(order, window.id));
+      earliest = std::min(earliest, places.of(window.id));
     return earliest;
   }
   return kUnplaced;
@@ -128,11 +139,12 @@ std::vector<TaskbarEntry> AppModel::orderedTaskbarEntries(
   std::vector<TaskbarEntry> result;
   std::vector<std::pair<int64_t, const TaskbarEntry*>> placed;
   const std::vector<std::string> order = normalizedTaskOrder();
+  const Places places(order);
   for (const auto& entry : entries) {
     if (entry.workspaceGroup) {
       result.push_back(entry);
     } else {
-      placed.emplace_back(entryPlace(entry, order), &entry);
+      placed.emplace_back(entryPlace(entry, places), &entry);
     }
   }
   std::stable_sort(placed.begin(), placed.end(),
