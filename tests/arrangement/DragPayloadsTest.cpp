@@ -34,15 +34,6 @@ class DragTargets : public testing::ArrangementTest {
   }
 };
 
-TEST_F(DragTargets, PayloadMarkersAreReadLongestFirst) {
-  EXPECT_EQ(parseDragPayload("workspace::F1").kind, DragPayload::Kind::Workspace);
-  EXPECT_EQ(parseDragPayload("workspace::F1").rest, "F1");
-  EXPECT_EQ(parseDragPayload("workspace:F1").kind, DragPayload::Kind::Task);
-  EXPECT_EQ(parseDragPayload("groupwindow::m1").kind, DragPayload::Kind::GroupWindow);
-  EXPECT_EQ(parseDragPayload("group::auto:10").rest, "auto:10");
-  EXPECT_EQ(parseDragPayload("groupwindow:m1").kind, DragPayload::Kind::Task);
-}
-
 TEST_F(DragTargets, AGroupPayloadStandsForItsMembers) {
   // A custom group reaches into every workspace task, hosted or not.
   EXPECT_THAT(dragged("group::custom:K"), ElementsAre("m1", "n0", "workspace:F2"));

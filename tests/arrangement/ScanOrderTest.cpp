@@ -3,7 +3,6 @@
 
 #include "arrangement/ArrangementTesting.h"
 #include "arrangement/ScanOrder.h"
-#include "support/SimModel.h"
 
 namespace tolv {
 namespace {
@@ -75,16 +74,6 @@ TEST(ScanOrder, PreviousPositionsTakeTheFirstOccurrence) {
   auto positions =
       previousPositions({task("a", 1, "A", 0), task("b", 1, "A", 1), task("a", 1, "A", 2)});
   EXPECT_EQ(positions, (PreviousPositions{{"a", 0}, {"b", 1}}));
-}
-
-class ModelScanOrder : public testing::ArrangementTest {};
-
-TEST_F(ModelScanOrder, TheModelSortsByItsStoredOrderAndOnlyReadsIt) {
-  model().settings.taskOrder = {"gone", "s0", "gone", "m0"};
-  auto sorted = model().sortedRunningItems(
-      {task("m0", 3, "Mail", 0), task("a0", 1, "Alpha", 0), task("s0", 7, "Safari", 0)}, {});
-  EXPECT_THAT(idsOf(sorted), ElementsAre("s0", "m0", "a0"));
-  EXPECT_THAT(model().settings.taskOrder, ElementsAre("gone", "s0", "gone", "m0"));
 }
 
 TEST(NewWindowsFirst, NewIdsLeadThenTheKeptOrderThenTheRest) {

@@ -65,6 +65,10 @@ TEST_F(TaskMoves, AGroupMovesWholeKeepingItsInnerOrderAndItsMembership) {
   arrange({M2, N, M1, S, M3});
   model().moveTask("group::auto:10", S, true);
   EXPECT_THAT(order(), ElementsAre(N, S, M2, M1, M3));
+  model().moveTaskToEdge("group::auto:10", true);
+  EXPECT_THAT(order(), ElementsAre(M2, M1, M3, N, S));
+  model().moveTaskToEdge("group::auto:10", false);
+  EXPECT_THAT(order(), ElementsAre(N, S, M2, M1, M3));
   EXPECT_THAT(model().settings.forcedUngroupedWindows, IsEmpty());
 }
 
@@ -120,15 +124,6 @@ TEST_F(TaskMoves, DraggingTowardsATargetPicksTheSideByDirection) {
   model().moveTaskTowards("nothing", S);
   EXPECT_THAT(order(), ElementsAre(M1, N, M2, M3, S));
   EXPECT_EQ(refreshCount(), before);
-}
-
-TEST_F(TaskMoves, AGroupMovedToAnEdgeKeepsItsInnerOrder) {
-  arrange({N, M2, S, M1, M3});
-  model().moveTaskToEdge("group::auto:10", false);
-  EXPECT_THAT(order(), ElementsAre(N, S, M2, M1, M3));
-  model().moveTaskToEdge("group::auto:10", true);
-  EXPECT_THAT(order(), ElementsAre(M2, M1, M3, N, S));
-  EXPECT_THAT(model().settings.forcedUngroupedWindows, IsEmpty());
 }
 
 TEST_F(TaskMoves, AWindowMovedToAnEdgeLeavesItsGroupsAndTheLastOneIsPruned) {

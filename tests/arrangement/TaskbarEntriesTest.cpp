@@ -66,15 +66,6 @@ TEST_F(TaskbarEntries, SpecificAppsAreGroupedByTheListAndItsPolicy) {
   EXPECT_FALSE(model().shouldGroupApplication("Safari"));
 }
 
-TEST_F(TaskbarEntries, TheGroupingModeAloneDecidesOutsideTheSpecificList) {
-  model().settings.specificGroupingApps = {"Safari"};
-  EXPECT_TRUE(model().shouldGroupApplication("Notes"));
-  for (const char* mode : {"never", "asNeeded", "sometimes"}) {
-    model().settings.groupingMode = mode;
-    EXPECT_FALSE(model().shouldGroupApplication("Safari")) << mode;
-  }
-}
-
 TEST_F(TaskbarEntries, AWindowTakenOutStandsBesideItsApplicationsGroup) {
   model().settings.forcedUngroupedWindows = {"s0", "n0"};
   EXPECT_THAT(entries(true), ElementsAre("auto:10[m0,m1]", "n0", "s0", "auto:30[s1]"));
