@@ -131,6 +131,16 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   void setTaskOrder(std::vector<std::string> order);
   // Puts a workspace task on the taskbar of its host and gives it a place.
   void placeWorkspaceTask(const ManagedWorkspaceTask& task, const ManagedWorkspaceTask& host);
+  // Called by every refresh after the first with the ids of the list it started
+  // from and the ids it found new (windows found at start are not new): while
+  // new windows go first, they take the front of the stored order in scan
+  // order, ahead of the windows of earlier refreshes.
+  void placeNewWindows(const std::vector<std::string>& startingIDs,
+                       const std::vector<std::string>& newIDs);
+  // The workspace task that is on screen, if any.
+  std::optional<ManagedWorkspaceTask> currentWorkspaceTask() const;
+  // A workspace task as an item of the task lists.
+  RunningAppItem workspaceItem(const ManagedWorkspaceTask& task) const;
 
   // Drops every task of a process that has ended.
   void forgetTasksOfProcess(Pid pid);
@@ -193,9 +203,6 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   // ---- Workspaces (workspaces/) ------------------------------------------------------------
   // The Mission Control spaces of the main display as tasks.
   Published<std::vector<ManagedWorkspaceTask>> managedWorkspaceTasks;
-  std::optional<ManagedWorkspaceTask> currentWorkspaceTask() const;
-  // A workspace task as an item of the task lists.
-  RunningAppItem workspaceItem(const ManagedWorkspaceTask& task) const;
 
   // ---- Application lifecycle (app/) -----------------------------------------------------
   // The one way alerts are shown; 1000 answers the first button.

@@ -89,6 +89,45 @@ TEST_F(NormalizedOrder, VisibleItemsHoldOnlyHostedWorkspacesAllItemsEveryOne) {
               ElementsAre("a", "b", "c", "workspace:D", "workspace:F2", "workspace:F1"));
 }
 
+class NewWindowPlaces : public testing::ArrangementTest {
+ protected:
+  void SetUp() override {
+    model().runningApps = {task("b", 2, "Notes"), task("a", 1, "Mail")};
+    model().settings.taskOrder = {"b", "a"};
+    model().settings.forcedDesktopWorkspaceIDs = {"F1"};
+  }
+  // What one refresh does with the windows it found: place, then sort.
+  std::vector<std::string> refreshFinding(const std::vector<RunningAppItem>& found) {
+    std::vector<RunningAppItem> final = model().runningApps.get();
+    std::vector<std::string> newIDs;
+    for (const auto& item : found) {
+      final.push_back(item);
+      newIDs.push_back(item.id);
+    }
+    const auto starting = model().runningApps.get();
+    model().placeNewWindows(idsOf(starting), newIDs);
+    model().runningApps = model().sortedRunningItems(final, previousPositions(starting));
+    return idsOf(model().runningApps);
+  }
+};
+
+TEST_F(NewWindowPlaces, WhenTheyGoFirstTheNewestRefreshLeadsInScanOrder) {
+  model().settings.newWindowsGo = "first";
+  // Scan order, not the application name, orders the windows of one refresh.
+  EXPECT_THAT(refreshFinding({task("z", 5, "Zeta"), task("y", 6, "Alpha")}),
+              ElementsAre("z", "y", "b", "a"));
+  EXPECT_THAT(refreshFinding({task("x", 7, "Beta")}), ElementsAre("x", "z", "y", "b", "a"));
+  EXPECT_THAT(storedStrings("taskOrder"), ElementsAre("x", "z", "y", "b", "a", "workspace:F1"));
+}
+
+TEST_F(NewWindowPlaces, WhenTheyGoLastTheStoredOrderIsLeftAlone) {
+  EXPECT_THAT(refreshFinding({task("z", 5, "Zeta"), task("y", 6, "Alpha")}),
+              ElementsAre("b", "a", "y", "z"));
+  EXPECT_THAT(model().settings.taskOrder, ElementsAre("b", "a"));
+  EXPECT_FALSE(sim.defaults().contains("taskOrder"));
+  EXPECT_THAT(model().normalizedTaskOrder(), ElementsAre("b", "a", "y", "z"));
+}
+
 TaskbarEntry itemEntry(const RunningAppItem& item) {
   TaskbarEntry entry;
   entry.id = item.id;
