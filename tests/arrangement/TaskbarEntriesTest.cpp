@@ -111,6 +111,26 @@ TEST_F(TaskbarEntries, WorkspaceTasksStandAsTasksAndMayJoinCustomGroups) {
               ElementsAre("auto:10[m0,m1]", "custom:K[n0]", "auto:30[s0,s1]"));
 }
 
+TEST_F(TaskbarEntries, AnApplicationsWorkspaceJoinsItsGroupADesktopNever) {
+  ManagedWorkspaceTask safariSpace = space("F1", false);
+  safariSpace.name = "SAFARI";
+  ManagedWorkspaceTask otherDesktop = space("D2", true);
+  otherDesktop.name = "Desktop 2";
+  model().managedWorkspaceTasks = {space("D", true, true), safariSpace, otherDesktop};
+  model().settings.forcedDesktopWorkspaceIDs = {"F1", "D2"};
+
+  const RunningAppItem item = model().workspaceItem(safariSpace);
+  EXPECT_EQ(item.processIdentifier, 30);
+  EXPECT_EQ(item.appName, "Safari");
+  EXPECT_EQ(item.name, "SAFARI");
+  EXPECT_EQ(model().workspaceItem(otherDesktop).processIdentifier, 0);
+
+  EXPECT_THAT(entries(true), ElementsAre("auto:10[m0,m1]", "auto:20[n0]",
+                                         "auto:30[s0,s1,workspace:F1]", "workspace:D2 on D2"));
+  EXPECT_THAT(entries(false), ElementsAre("m0", "m1", "n0", "s0", "s1", "workspace:F1 on F1",
+                                          "workspace:D2 on D2"));
+}
+
 TEST_F(TaskbarEntries, ASeparateFullScreenWorkspaceShowsEveryTaskAlone) {
   model().settings.workspaceTaskbarBehavior = "separate";
   model().settings.customGroupMembers = {{"m0", "K"}, {"n0", "K"}};
