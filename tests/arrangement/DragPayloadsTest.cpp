@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "arrangement/ArrangementTesting.h"
-#include "arrangement/DragPayloads.h"
 
 namespace tolv {
 namespace {
@@ -76,17 +75,6 @@ TEST_F(DragTargets, TargetsThatStandForNothingGiveNoAnchor) {
                              "group::auto:10", "unknown", "workspace-group"}) {
     EXPECT_EQ(model().resolveOrderAnchor(target), std::nullopt) << target;
   }
-}
-
-TEST_F(DragTargets, WindowsThatAreLeavingNoLongerHoldTheirGroupsPlace) {
-  auto anchor = [&](std::string_view target, std::set<std::string> leaving) {
-    return orderAnchor(target, model().visibleTaskItems(), model().settings, leaving);
-  };
-  EXPECT_THAT(anchor("auto:10", {"m0"}), Optional(std::string("m3")));
-  EXPECT_THAT(anchor("custom:K", {"m1"}), Optional(std::string("n0")));
-  EXPECT_EQ(anchor("auto:10", {"m0", "m3"}), std::nullopt);
-  // A window named directly is its own anchor, leaving or not.
-  EXPECT_THAT(anchor("m0", {"m0"}), Optional(std::string("m0")));
 }
 
 }  // namespace

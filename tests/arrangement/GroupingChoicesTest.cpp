@@ -28,6 +28,7 @@ TEST_F(GroupingChoices, AddingASpecificAppSortsSavesAndFreesForcedWindows) {
   EXPECT_THAT(model().settings.specificGroupingApps, ElementsAre("Mail", "Safari"));
   EXPECT_THAT(storedStrings("specificGroupingApps"), ElementsAre("Mail", "Safari"));
   EXPECT_THAT(model().settings.forcedUngroupedWindows, IsEmpty());
+  EXPECT_THAT(storedStrings("forcedUngroupedWindows"), IsEmpty());
 
   model().settings.forcedUngroupedWindows = {"s1"};
   model().addSpecificGroupingApp("Safari");
@@ -59,13 +60,6 @@ TEST_F(GroupingChoices, TheBlacklistIsStoredInLocalisedCaseInsensitiveOrder) {
   // Byte order would put "Beta" first and "Äpfel" last.
   EXPECT_THAT(storedStrings("taskbarBlacklist"),
               ElementsAre("Äpfel", "apple", "Beta", "Finder", "zebra"));
-}
-
-TEST_F(GroupingChoices, ClearingForcedWindowsIsStoredAtOnce) {
-  model().settings.forcedUngroupedWindows = {"a", "b"};
-  model().clearForcedUngrouped();
-  EXPECT_THAT(model().settings.forcedUngroupedWindows, IsEmpty());
-  EXPECT_THAT(storedStrings("forcedUngroupedWindows"), IsEmpty());
 }
 
 }  // namespace
