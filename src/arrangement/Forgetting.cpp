@@ -14,16 +14,18 @@ void AppModel::forgetTasksOfProcess(Pid pid) {
   if (doomed.empty()) return;
 
   auto isDoomed = [&](const RunningAppItem& item) { return doomed.count(item.id) > 0; };
+  auto isDoomedID = [&](const std::string& id) { return doomed.count(id) > 0; };
+  auto isDoomedKey = [&](const auto& entry) { return doomed.count(entry.first) > 0; };
   std::vector<RunningAppItem> remaining = runningApps.get();
   std::erase_if(remaining, isDoomed);
   runningApps.publish(std::move(remaining));
   if (scannedRunningApps) std::erase_if(*scannedRunningApps, isDoomed);
 
-  std::erase_if(settings.taskOrder, [&](const std::string& id) { return doomed.count(id) > 0; });
-  std::erase_if(settings.customGroupMembers,
-                [&](const auto& entry) { return doomed.count(entry.first) > 0; });
-  std::erase_if(settings.forcedUngroupedWindows,
-                [&](const std::string& id) { return doomed.count(id) > 0; });
+  std::erase_if(settings.taskOrder, isDoomedID);
+  std::erase_if(settings.customGroupMembers, isDoomedKey);
+  std::erase_if(settings.forcedUngroupedWindows, isDoomedID);
+  std::erase_if(liveTabColors, isDoomedKey);
+  std::erase_if(manualLiveColorIDs, isDoomedID);
 
   pruneCustomGroups();
   persistSetting("taskOrder");

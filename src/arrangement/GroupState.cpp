@@ -6,6 +6,15 @@
 
 namespace tolv {
 
+void AppModel::takeOutOfGroups(const std::vector<std::string>& windowIDs) {
+  for (const auto& id : windowIDs) {
+    settings.customGroupMembers.erase(id);
+    settings.forcedUngroupedWindows.insert(id);
+  }
+  pruneCustomGroups();
+  saveGroupState();
+}
+
 void AppModel::pruneCustomGroups() {
   std::set<std::string> used;
   for (const auto& [window, key] : settings.customGroupMembers)
@@ -26,6 +35,8 @@ void AppModel::saveGroupState() {
 
 void AppModel::clearForcedUngrouped() {
   settings.forcedUngroupedWindows.clear();
+  persistSetting("forcedUngroupedWindows");
+  modelChanged.emit();
 }
 
 }  // namespace tolv

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -9,6 +10,8 @@
 #include <unordered_set>
 #include <vector>
 
+#include "arrangement/GroupKeys.h"
+#include "arrangement/ScanOrder.h"
 #include "discovery/DiscoveryState.h"
 #include "discovery/RefreshState.h"
 #include "model/ModelLifeState.h"
@@ -157,8 +160,64 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   void handleAXNotification(Pid pid, const AXElement& element, const std::string& notification);
 
   // ---- Task arrangement: task order (arrangement/) -------------------------------------
+  // The stored order as it stands now: the live ids that it keeps, then the live
+  // ids it lacks, placed by newWindowsGo. Every reader of the order goes
+  // through it; it changes nothing.
+  std::vector<std::string> normalizedTaskOrder() const;
+  // The "workspace:" ids of the workspace tasks that belong on this taskbar.
+  std::set<std::string> hostedWorkspaceTaskIDs() const;
+  // runningApps, then one item per hosted workspace task.
+  std::vector<RunningAppItem> visibleTaskItems() const;
+  // runningApps, then one item per workspace task.
+  std::vector<RunningAppItem> allTaskItems() const;
+  // The scanned list in bar order, by the stored order and the positions of the
+  // list the refresh started from.
+  std::vector<RunningAppItem> sortedRunningItems(std::vector<RunningAppItem> items,
+                                                 const PreviousPositions& previous) const;
+  // Entries in display order: workspace groups first, then by their place in
+  // the order; equal places keep the given order.
+  std::vector<TaskbarEntry> orderedTaskbarEntries(const std::vector<TaskbarEntry>& entries) const;
+
+  // What a dragged id ("workspace::", "group::", "groupwindow::" or a plain
+  // task id) stands for.
+  std::vector<RunningAppItem> resolveDraggedTaskItems(std::string_view dragged) const;
+  // The id in the order that stands for a drop target (a task, a workspace or
+  // a group); nothing when the target stands for nothing.
+  std::optional<std::string> resolveOrderAnchor(std::string_view target) const;
+
+  // Moves a dragged thing before or after a target. A window taken out of a
+  // group leaves it for good (forced ungrouped), and its group keeps its place.
+  void moveTask(std::string_view dragged, std::string_view target, bool placeAfter);
+  // As moveTask, after the target when the dragged thing stands before it now.
+  void moveTaskTowards(std::string_view dragged, std::string_view target);
+  void moveTaskToEdge(std::string_view identifier, bool toFirst);
+  // Moves a set of ids as one block, keeping their relative order.
+  void moveTaskSet(const std::vector<std::string>& identifiers, std::string_view target,
+                   bool placeAfter);
+  // Moves one id; the successor, when given, first takes the id's place.
+  void moveTaskSingle(const std::string& identifier, std::string_view target,
+                      const std::optional<std::string>& successor, bool placeAfter);
+  // Assigns the stored order, writes it at once and announces the change.
+  void setTaskOrder(std::vector<std::string> order);
+  // Puts a workspace task on the taskbar of its host and gives it a place.
+  void placeWorkspaceTask(const ManagedWorkspaceTask& task, const ManagedWorkspaceTask& host);
+  // Called by every refresh after the first with the ids of the list it started
+  // from and the ids it found new (windows found at start are not new): while
+  // new windows go first, they take the front of the stored order in scan
+  // order, ahead of the windows of earlier refreshes.
+  void placeNewWindows(const std::vector<std::string>& startingIDs,
+                       const std::vector<std::string>& newIDs);
+  // The workspace task that is on screen, if any.
+  std::optional<ManagedWorkspaceTask> currentWorkspaceTask() const;
+  // A workspace task as an item of the task lists.
+  RunningAppItem workspaceItem(const ManagedWorkspaceTask& task) const;
+
   // Drops every task of a process that has ended.
   void forgetTasksOfProcess(Pid pid);
+  // Clears the order, the forced state and the live colours.
+  void resetTaskArrangement();
+  // Clears everything the user arranged on the bar, groups included.
+  void resetTaskbarArrangement();
 
   // ---- Task arrangement: active, previous and recent windows (arrangement/) ------------
   // The task with the active-window strip.
@@ -193,13 +252,50 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   std::optional<std::string> tabDateText(const RunningAppItem& task) const;
 
   // ---- Task arrangement: grouping (arrangement/) ---------------------------------------
+  // Processes whose windows form a group whatever the grouping mode says.
+  std::set<Pid> forcedParentGroupPIDs;
+  // Makes the key of a new custom group: an upper-case UUID string.
+  std::function<std::string()> makeGroupKey = makeUUIDString;
+
+  // Whether the grouping mode and the specific-apps list group an application.
+  bool shouldGroupApplication(std::string_view appName) const;
   // The taskbar's slots in item order: single tasks, groups and workspace tasks.
   std::vector<TaskbarEntry> taskbarEntries(bool groupAll, bool includeWorkspaces) const;
+  // The one entry that stands for all workspaces, when there are two or more.
+  std::vector<TaskbarEntry> workspaceGroupEntries() const;
+  std::vector<ManagedWorkspaceTask> workspaceGroupTasks() const;
+  // What the taskbar shows, in display order. The row layout says how many
+  // tasks fit its main row, which decides whether "asNeeded" groups.
+  std::vector<TaskbarEntry> displayedTaskbarEntries(size_t tasksFittingMainRow) const;
+
+  void createCustomGroup(const std::vector<RunningAppItem>& windows);
+  void dropTasksIntoGroup(std::string_view dragged, const RunningAppGroup& group);
+  void dropTaskOntoTask(std::string_view dragged, std::string_view target);
+  void removeTaskFromGroup(const ManagedWorkspaceTask& workspaceTask);
+  // Sends a window back to its application's group, asking first when there is
+  // no such group yet.
+  void moveTaskToParentGroup(const RunningAppItem& window);
+  // Gives all windows of the window's application back to the grouping mode.
+  void restoreParentGroup(const RunningAppItem& window);
+  void ungroupList(const RunningAppGroup& group);
+  // The windows leave their custom groups and stay out of their applications'
+  // groups; emptied groups are pruned and the group state saved.
+  void takeOutOfGroups(const std::vector<std::string>& windowIDs);
   // Drops the names and icons of custom groups without members.
   void pruneCustomGroups();
   // Writes the group keys and announces the change.
   void saveGroupState();
   void clearForcedUngrouped();
+  void renameCustomGroup(const RunningAppGroup& group, std::string_view name);
+  // Asks for a character that stands for a custom group.
+  void changeCustomGroupIcon(const RunningAppGroup& group);
+
+  // The application names of the running tasks, sorted, each once.
+  std::vector<std::string> runningApplicationNames() const;
+  void addSpecificGroupingApp(std::string_view name);
+  void addBlacklistEntry(std::string_view text);
+  // Sorts and writes the blacklist, then refreshes the bar without its windows.
+  void saveBlacklist();
 
   // ---- Task arrangement: colours (arrangement/) ----------------------------------------
   // The colour each tab shows, by task id; ids in manualLiveColorIDs were chosen by hand.

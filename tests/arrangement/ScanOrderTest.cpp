@@ -1,23 +1,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "arrangement/ArrangementTesting.h"
 #include "arrangement/ScanOrder.h"
-#include "support/SimModel.h"
 
 namespace tolv {
 namespace {
 
 using ::testing::ElementsAre;
 using testing::idsOf;
-
-RunningAppItem task(std::string id, Pid pid, std::string appName, int64_t windowIndex) {
-  RunningAppItem item;
-  item.id = std::move(id);
-  item.processIdentifier = pid;
-  item.appName = std::move(appName);
-  item.windowIndex = windowIndex;
-  return item;
-}
+using testing::task;
 
 TEST(ScanOrder, WithoutAnyMemoryItSortsByApplicationNameThenWindowIndex) {
   auto sorted = sortRunningItems({task("s1", 7, "Safari", 1), task("m0", 3, "Mail", 0),
@@ -53,6 +45,24 @@ TEST(ScanOrder, EqualNamesOfTwoProcessesTieSoTheInsertionDecides) {
       {task("a0", 10, "Terminal", 0), task("b1", 20, "Terminal", 1), task("b0", 20, "Terminal", 0)},
       {}, {});
   EXPECT_THAT(idsOf(adjacent), ElementsAre("a0", "b0", "b1"));
+}
+
+TEST(ScanOrder, TheStoredOrderOutranksARememberedPlace) {
+  // Remembered first, but unlisted: every listed item stands before it.
+  PreviousPositions previous{{"remembered", 0}, {"listed", 5}};
+  auto sorted = sortRunningItems({task("remembered", 1, "Alpha", 0), task("listed", 2, "Zeta", 0)},
+                                 {"listed"}, previous);
+  EXPECT_THAT(idsOf(sorted), ElementsAre("listed", "remembered"));
+}
+
+TEST(ScanOrder, WithinOneProcessTheWindowIndexDecidesAmongNewWindows) {
+  // Windows that were already there keep their places; the new ones of one
+  // application follow by index, whatever order the scan found them in.
+  PreviousPositions previous{{"old", 0}};
+  auto sorted = sortRunningItems(
+      {task("w2", 4, "Notes", 2), task("old", 4, "Notes", 3), task("w0", 4, "Notes", 0)}, {},
+      previous);
+  EXPECT_THAT(idsOf(sorted), ElementsAre("old", "w0", "w2"));
 }
 
 TEST(ScanOrder, NamesCompareByteWiseWithoutCaseFolding) {
