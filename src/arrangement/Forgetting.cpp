@@ -18,7 +18,7 @@ void AppModel::forgetTasksOfProcess(Pid pid) {
   auto isDoomedKey = [&](const auto& entry) { return doomed.count(entry.first) > 0; };
   std::vector<RunningAppItem> remaining = runningApps.get();
   std::erase_if(remaining, isDoomed);
-  runningApps.publish(std::move(remaining));
+  assignRunningApps(std::move(remaining));
   if (scannedRunningApps) std::erase_if(*scannedRunningApps, isDoomed);
 
   std::erase_if(settings.taskOrder, isDoomedID);

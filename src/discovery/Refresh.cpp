@@ -130,19 +130,12 @@ void AppModel::refreshRunningApps(bool forceBadgeScan, bool allowCacheSkip, bool
       if (!baseIDs.count(item.id)) newIDs.push_back(item.id);
     }
     noteNewRecentWindows(newIDs);
-    if (settings.newWindowsGo == "first" && !newIDs.empty()) {
-      std::set<std::string> forcedDesktopIDs;
-      for (const auto& id : settings.forcedDesktopWorkspaceIDs)
-        forcedDesktopIDs.insert(workspaceTaskID(id));
-      settings.taskOrder =
-          orderWithNewWindowsFirst(settings.taskOrder, idsOf(base), newIDs, forcedDesktopIDs);
-      persistSetting("taskOrder");
-    }
+    placeNewWindows(idsOf(base), newIDs);
   }
   if (publish) restoreWorkspaceTaskbarState(merged);
 
   std::vector<RunningAppItem> sorted =
-      sortRunningItems(std::move(merged), settings.taskOrder, previousPositions(base));
+      sortedRunningItems(std::move(merged), previousPositions(base));
   scannedRunningApps = sorted;
   if (publish && (!settings.expertSkipUnchangedRefreshes || sorted != runningApps.get())) {
     assignRunningApps(sorted);

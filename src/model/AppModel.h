@@ -207,10 +207,6 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   // order, ahead of the windows of earlier refreshes.
   void placeNewWindows(const std::vector<std::string>& startingIDs,
                        const std::vector<std::string>& newIDs);
-  // The workspace task that is on screen, if any.
-  std::optional<ManagedWorkspaceTask> currentWorkspaceTask() const;
-  // A workspace task as an item of the task lists.
-  RunningAppItem workspaceItem(const ManagedWorkspaceTask& task) const;
 
   // Drops every task of a process that has ended.
   void forgetTasksOfProcess(Pid pid);
@@ -312,6 +308,7 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   // Behaviour "desktop" while the current space isn't a desktop: the bar keeps
   // the desktop's tasks and neither scans nor publishes.
   bool isOffDesktopWorkspace() const;
+  // A workspace task as an item of the task lists.
   RunningAppItem workspaceItem(const ManagedWorkspaceTask& task) const;
   void refreshManagedWorkspaces();
   void saveWorkspaceTaskbarState();
