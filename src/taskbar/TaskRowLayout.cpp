@@ -23,16 +23,12 @@ bool groupingWanted(const TaskRowLayoutInput& input, double taskArea, TextMeasur
 
 std::vector<TaskbarEntry> displayEntries(const TaskRowLayoutInput& input, bool grouped) {
   std::vector<TaskbarEntry> entries;
+  if (input.entries) entries = input.entries(grouped);
   if (input.workspaceTasks.size() >= 2) {
     TaskbarEntry workspaces;
     workspaces.id = std::string(kWorkspaceGroupID);
     workspaces.workspaceGroup.emplace(input.workspaceTasks.begin(), input.workspaceTasks.end());
-    entries.push_back(std::move(workspaces));
-  }
-  if (input.entries) {
-    auto grouping = input.entries(grouped);
-    entries.insert(entries.end(), std::make_move_iterator(grouping.begin()),
-                   std::make_move_iterator(grouping.end()));
+    entries.insert(entries.begin(), std::move(workspaces));
   }
   if (input.settingsTaskItem) {
     TaskbarEntry settings;
@@ -113,8 +109,10 @@ TaskRowLayout layoutTaskRows(const TaskRowLayoutInput& input, TextMeasurer& meas
                                           input.overflowReturnLocked, locks);
   layout.lockedCount = input.overflowReturnLocked ? partition.main.size() : 0;
   layout.entries = std::move(partition.main);
-  layout.entries.insert(layout.entries.end(), std::make_move_iterator(partition.others.begin()),
-                        std::make_move_iterator(partition.others.end()));
+  if (!partition.others.empty()) {
+    layout.entries.insert(layout.entries.end(), std::make_move_iterator(partition.others.begin()),
+                          std::make_move_iterator(partition.others.end()));
+  }
 
   std::vector<double> minimums;
   layout.widths.reserve(layout.entries.size());
