@@ -416,6 +416,27 @@ TEST_F(TopBarTest, TheTopCornersOpenTheStartMenuAndTheCards) {
   EXPECT_EQ(startHovers.size(), 1u);
 }
 
+TEST_F(TopBarTest, ATopBarAnchoredRightHasNoCornersAndShowsFromItsEdge) {
+  model.settings.taskbarLocation = "topR";
+  build();
+  EXPECT_TRUE(panels->topCornerTriggerPanels().empty());
+  hide();
+  atTopEdge(3);
+  EXPECT_FALSE(autoHide->panelsAreFullyHidden());
+  EXPECT_TRUE(startHovers.empty());
+  EXPECT_TRUE(autoHide->topEdgeRehideActive());
+}
+
+TEST_F(AutoHideTest, WithoutPanelsThereIsNothingToRevealForTheStartMenu) {
+  build();
+  sim.desktop.screens().setScreens({});
+  loop.runUntilIdle();
+  EXPECT_TRUE(panels->panels().empty());
+  EXPECT_FALSE(autoHide->revealPanelsForStart());
+  autoHide->autoHideTick();
+  EXPECT_FALSE(autoHide->panelsAreFullyHidden());
+}
+
 TEST_F(TopBarTest, WithoutCornerActionsACornerIsPlainEdge) {
   model.settings.enableTaskbarCornerActions = false;
   build();
