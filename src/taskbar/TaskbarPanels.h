@@ -20,7 +20,6 @@ namespace tolv {
 
 class AppModel;
 class TextMeasurer;
-class Timer;
 
 // One taskbar panel: its window on one screen, and what its view holds.
 struct TaskbarPanel {
@@ -76,7 +75,6 @@ class TaskbarPanels {
   void applyPanelFrame(TaskbarPanel& panel, double thickness);
   // The panel heights for the overflow cards, through the cache.
   OverflowGeometry overflowGeometry();
-  const OverflowGeometryCache& geometryCache() const { return geometryCache_; }
 
   // Lays out and draws every panel again and publishes the main screen's rows.
   void refreshContent();

@@ -130,18 +130,6 @@ TEST_F(AutoHideTest, WithoutAnimationTheBarIsGoneOnceTheDelayIsOver) {
   }
 }
 
-TEST_F(AutoHideTest, ThePointerStaysInsideAndTheBarStays) {
-  build();
-  pointer.movePointer({700, 20});
-  loop.advance(5);
-  EXPECT_DOUBLE_EQ(window().alpha(), 1);
-  pointer.movePointer({700, 450});
-  loop.advance(0.39);
-  EXPECT_DOUBLE_EQ(window().alpha(), 1);
-  loop.advance(0.5);
-  EXPECT_TRUE(autoHide->panelsAreFullyHidden());
-}
-
 TEST_F(AutoHideTest, EnteringDuringTheFadeShowsTheBarAnewInsteadOfReversing) {
   build();
   loop.advanceTo(0.55);

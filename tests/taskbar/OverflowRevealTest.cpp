@@ -155,6 +155,8 @@ TEST_F(OverflowRevealTest, TheFirstViewAndTheCornerHoldTheCardsOpen) {
   EXPECT_TRUE(reveal.revealed());
   reveal.setHeldByGroupPopup(false);
   EXPECT_FALSE(reveal.revealed());
+  reveal.setDragReveal(true);
+  EXPECT_TRUE(model.taskOverflowRowsVisible);
 }
 
 }  // namespace

@@ -5,8 +5,7 @@
 namespace tolv {
 
 QtPanelWindow::QtPanelWindow(const PanelSpec& spec, std::function<double()> mainScreenHeight)
-    : spec_(spec),
-      mainScreenHeight_(std::move(mainScreenHeight)),
+    : mainScreenHeight_(std::move(mainScreenHeight)),
       widget_(std::make_unique<QWidget>(nullptr, Qt::Tool | Qt::FramelessWindowHint |
                                                      Qt::WindowStaysOnTopHint |
                                                      Qt::WindowDoesNotAcceptFocus)),

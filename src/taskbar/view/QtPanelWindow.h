@@ -39,15 +39,12 @@ class QtPanelWindow : public PanelWindow {
   void showTaskbar(const AppModel& model, const TaskbarPanel& panel);
   // Draws the content again.
   void redraw();
-  QWidget& widget() { return *widget_; }
   // The bar's view, once shown.
   QWidget* content() { return content_; }
-  const PanelSpec& spec() const { return spec_; }
 
  private:
   void place();
 
-  PanelSpec spec_;
   std::function<double()> mainScreenHeight_;
   std::unique_ptr<QWidget> widget_;
   QWidget* content_ = nullptr;

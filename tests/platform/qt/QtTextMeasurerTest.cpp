@@ -4,7 +4,6 @@
 
 #include "platform/qt/QtPlatform.h"
 #include "platform/qt/QtTextMeasurer.h"
-#include "taskbar/TabWidths.h"
 
 namespace tolv {
 namespace {
@@ -32,13 +31,6 @@ TEST_F(QtTextMeasure, WidthsGrowWithTheTextAndTheFontSize) {
                           "ber \xE2\x80\x94 Caf\xC3\xA9",
                           12),
             one);
-}
-
-TEST_F(QtTextMeasure, TabWidthsFromRealFontsStayWithinTheTabLimits) {
-  EXPECT_DOUBLE_EQ(naturalTabWidth("a", false, measure), 64);
-  EXPECT_DOUBLE_EQ(naturalTabWidth(std::string(200, 'W'), false, measure), 280);
-  double width = naturalTabWidth("Inbox \xE2\x80\x94 Mail", false, measure);
-  EXPECT_EQ(width, std::ceil(width));
 }
 
 }  // namespace
