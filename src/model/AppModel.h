@@ -22,6 +22,9 @@
 
 namespace tolv {
 
+struct TaskRowLayout;
+class TextMeasurer;
+
 // The application's defaults domain.
 inline constexpr const char* kTolvBundleIdentifier = "com.example.Tolv";
 
@@ -320,6 +323,47 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   // ---- Switcher (switcher/) ------------------------------------------------------------------
   // Tasks and groups the user put first in the switcher; pruned with the task list.
   std::set<std::string> lumoPriorityIDs;
+
+  // ---- Taskbar shell (taskbar/) -----------------------------------------------------------
+  // What the row layout of the main screen found: the overflow cards to draw plus
+  // one, and where the first card begins (the bar's width when nothing overflows).
+  Published<int64_t> taskOverflowRowCount{1};
+  Published<double> primaryOverflowLeftEdge{0};
+  // The overflow cards are revealed while they hide themselves.
+  Published<bool> taskOverflowRowsVisible{false};
+  // The overflow cards are shown in full while they don't hide themselves.
+  Published<bool> taskRowsExpanded{true};
+  // Tabs keep their place: those in the overflow cards don't return to the
+  // primary row, whose windows are listed in taskbarLockedMainWindowIDs.
+  Published<bool> taskbarOverflowReturnLocked{false};
+  std::set<std::string> taskbarLockedMainWindowIDs;
+  // Widths the user gave tabs, by entry id.
+  Published<std::map<std::string, double>> taskWidthOverrides;
+  // Keeps the overflow cards open during the first view after installation.
+  Published<bool> initialSetupForceOverflowOpen{false};
+  // The groups whose window list is open.
+  Published<std::set<std::string>> openGroupedLists;
+  bool taskbarDragInProgress = false;
+  // Stops the bar's auto-hide timers while a tab is being resized (true) and
+  // lets them run again (false); set by the panel controller.
+  std::function<void(bool)> taskResizePauseHandler;
+
+  // One layout pass of the bar over the width offered to it; the saved
+  // measurements win once positive.
+  TaskRowLayout layoutTaskRows(double offeredWidth, double savedScreenWidth,
+                               double savedTaskAreaWidth, TextMeasurer& measurer) const;
+  // While the return lock is on: a locked entry that no longer fits the primary
+  // row loses its lock.
+  void releaseLocksBeyondPrimaryRow(const TaskRowLayout& layout);
+  // While the return lock is on: the windows of every group in the primary row are locked.
+  void lockGroupsInPrimaryRow(const TaskRowLayout& layout);
+  // Forgets locks and width overrides of windows, groups and workspaces that are gone.
+  void pruneTaskbarLockedMainWindowIDs();
+  void pruneTaskWidthOverrides();
+  // A real change of the grouping mode ends the return lock.
+  void taskbarGroupingModeChanged();
+  // The overflow cards switch between hiding themselves and not.
+  void taskbarOverflowAutoHideChanged();
 
   // ---- Application lifecycle (app/) -----------------------------------------------------
   // The one way alerts are shown; 1000 answers the first button.

@@ -6,6 +6,7 @@
 #include "platform/FileSystem.h"
 #include "platform/Images.h"
 #include "platform/NotificationCenter.h"
+#include "platform/Pointer.h"
 #include "platform/RunLoop.h"
 #include "platform/Screens.h"
 #include "platform/UserDefaults.h"
@@ -27,6 +28,7 @@ struct Platform {
   FileSystem* fileSystem = nullptr;
   Alerts* alerts = nullptr;
   Screens* screens = nullptr;
+  Pointer* pointer = nullptr;
   // The process's own notification centre, for the internal notifications.
   NotificationCenter* notificationCenter = nullptr;
   // Notifications between processes ("com.apple.screensaver.didstart").

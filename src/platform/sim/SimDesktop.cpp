@@ -10,6 +10,7 @@
 #include "platform/sim/SimAccessibility.h"
 #include "platform/sim/SimAlerts.h"
 #include "platform/sim/SimImages.h"
+#include "platform/sim/SimPointer.h"
 #include "platform/sim/SimScreens.h"
 #include "platform/sim/SimUserDefaults.h"
 #include "platform/sim/SimWindowServer.h"
@@ -26,7 +27,8 @@ SimDesktop::SimDesktop()
       defaults_(std::make_unique<SimUserDefaults>(calls_)),
       images_(std::make_unique<SimImages>(calls_)),
       alerts_(std::make_unique<SimAlerts>()),
-      screens_(std::make_unique<SimScreens>(calls_)) {
+      screens_(std::make_unique<SimScreens>(calls_)),
+      pointer_(std::make_unique<SimPointer>(calls_)) {
   std::string pattern = (std::filesystem::temp_directory_path() / "tolv-sim-XXXXXX").string();
   if (::mkdtemp(pattern.data())) supportFolder_ = pattern + "/Tolv";
   fileSystem_ = std::make_unique<PosixFileSystem>(supportFolder_);
@@ -50,6 +52,7 @@ Platform SimDesktop::platform() {
   platform.fileSystem = fileSystem_.get();
   platform.alerts = alerts_.get();
   platform.screens = screens_.get();
+  platform.pointer = pointer_.get();
   platform.notificationCenter = &notificationCenter_;
   platform.distributedNotificationCenter = &distributedCenter_;
   return platform;

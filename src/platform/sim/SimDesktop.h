@@ -105,6 +105,7 @@ class SimUserDefaults;
 class SimImages;
 class SimAlerts;
 class SimScreens;
+class SimPointer;
 
 // A macOS-like desktop in memory: applications, windows, their accessibility
 // elements and the window server's view of them, user defaults and a virtual
@@ -130,6 +131,7 @@ class SimDesktop {
   SimImages& images() { return *images_; }
   SimAlerts& alerts() { return *alerts_; }
   SimScreens& screens() { return *screens_; }
+  SimPointer& pointer() { return *pointer_; }
   NotificationCenter& notificationCenter() { return notificationCenter_; }
   NotificationCenter& distributedNotificationCenter() { return distributedCenter_; }
   // A temporary folder that stands for Application Support/Tolv; removed with the desktop.
@@ -219,6 +221,7 @@ class SimDesktop {
   std::unique_ptr<SimImages> images_;
   std::unique_ptr<SimAlerts> alerts_;
   std::unique_ptr<SimScreens> screens_;
+  std::unique_ptr<SimPointer> pointer_;
   std::unique_ptr<FileSystem> fileSystem_;
   NotificationCenter notificationCenter_;
   NotificationCenter distributedCenter_;

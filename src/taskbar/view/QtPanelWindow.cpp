@@ -1,0 +1,83 @@
+#include "taskbar/view/QtPanelWindow.h"
+
+#include "taskbar/view/TaskbarView.h"
+
+namespace tolv {
+
+QtPanelWindow::QtPanelWindow(const PanelSpec& spec, std::function<double()> mainScreenHeight)
+    : mainScreenHeight_(std::move(mainScreenHeight)),
+      widget_(std::make_unique<QWidget>(nullptr, Qt::Tool | Qt::FramelessWindowHint |
+                                                     Qt::WindowStaysOnTopHint |
+                                                     Qt::WindowDoesNotAcceptFocus)),
+      frame_(spec.frame) {
+  widget_->setAttribute(Qt::WA_TranslucentBackground);
+  widget_->setAttribute(Qt::WA_ShowWithoutActivating);
+  widget_->setObjectName(spec.kind == PanelKind::Taskbar ? "taskbarPanel" : "triggerPanel");
+  place();
+}
+
+QtPanelWindow::~QtPanelWindow() = default;
+
+void QtPanelWindow::place() {
+  double top = mainScreenHeight_() - frame_.maxY();
+  widget_->setGeometry(qRound(frame_.x), qRound(top), qRound(frame_.width), qRound(frame_.height));
+  if (content_) content_->setGeometry(0, 0, qRound(frame_.width), qRound(frame_.height));
+}
+
+void QtPanelWindow::setFrame(const Rect& frame, bool) {
+  // Shown at once: the frame's end value is what the pointer tracking and the
+  // auto-hide tick measure.
+  if (frame == frame_) return;
+  frame_ = frame;
+  place();
+}
+
+void QtPanelWindow::setAlpha(double alpha) {
+  alpha_ = alpha;
+  widget_->setWindowOpacity(alpha);
+}
+
+void QtPanelWindow::setIgnoresMouseEvents(bool ignores) {
+  ignoresMouse_ = ignores;
+  widget_->setAttribute(Qt::WA_TransparentForMouseEvents, ignores);
+}
+
+void QtPanelWindow::setTransform(const HideTransform& transform) {
+  transform_ = transform;
+  redraw();
+}
+
+void QtPanelWindow::orderFront() {
+  visible_ = true;
+  widget_->show();
+  widget_->raise();
+}
+
+void QtPanelWindow::orderBack() {
+  visible_ = true;
+  widget_->show();
+  widget_->lower();
+}
+
+void QtPanelWindow::orderOut() {
+  visible_ = false;
+  widget_->hide();
+}
+
+void QtPanelWindow::close() {
+  visible_ = false;
+  widget_->close();
+}
+
+void QtPanelWindow::showTaskbar(const AppModel& model, const TaskbarPanel& panel) {
+  if (content_) return;
+  content_ = new TaskbarView(model, panel, widget_.get());
+  content_->setGeometry(0, 0, qRound(frame_.width), qRound(frame_.height));
+  if (visible_) content_->show();
+}
+
+void QtPanelWindow::redraw() {
+  if (content_) content_->update();
+}
+
+}  // namespace tolv

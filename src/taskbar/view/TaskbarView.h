@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QWidget>
+
+namespace tolv {
+
+class AppModel;
+struct TaskbarPanel;
+
+// Draws one bar: the strip over the menu bar, the overflow cards with their
+// tabs, the primary row and its tabs, where the panel's drawing puts them.
+// It reads the bar's colours from the settings and holds no state of its own.
+class TaskbarView : public QWidget {
+  Q_OBJECT
+
+ public:
+  TaskbarView(const AppModel& model, const TaskbarPanel& panel, QWidget* parent = nullptr);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  const AppModel& model_;
+  const TaskbarPanel& panel_;
+};
+
+}  // namespace tolv
