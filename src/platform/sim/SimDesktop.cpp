@@ -29,6 +29,15 @@ SimDesktop::SimDesktop()
   std::string pattern = (std::filesystem::temp_directory_path() / "tolv-sim-XXXXXX").string();
   if (::mkdtemp(pattern.data())) supportFolder_ = pattern + "/Tolv";
   fileSystem_ = std::make_unique<PosixFileSystem>(supportFolder_);
+
+  AppSpec activityMonitor;
+  activityMonitor.bundleIdentifier = "com.apple.ActivityMonitor";
+  activityMonitor.name = "Activity Monitor";
+  activityMonitor.bundleURL = "/System/Applications/Utilities/Activity Monitor.app";
+  WindowSpec mainWindow;
+  mainWindow.title = "Activity Monitor";
+  activityMonitor.windows.push_back(mainWindow);
+  installApplication(activityMonitor);
 }
 
 SimDesktop::~SimDesktop() {
@@ -140,6 +149,10 @@ std::vector<uint64_t> SimDesktop::addApp(const AppSpec& spec) {
   added.element->pid = spec.pid;
   added.element->hash = freshHash();
   added.icon = images_->named("icon:" + spec.name.value_or(std::to_string(spec.pid)));
+  if (spec.bundleURL) {
+    images_->setFileIcon(*spec.bundleURL, added.icon);
+    if (!installed_.count(*spec.bundleURL)) installApplication(spec);
+  }
   launchOrder_.push_back(spec.pid);
   for (const WindowSpec& window : spec.windows)
     openWindow(spec.pid, window);
@@ -289,6 +302,34 @@ bool SimDesktop::focusWindow(Pid pid, const WindowSelector& selector) {
   bringToFront(focused->id);
   if (activePid_ != pid) activateApp(pid);
   return true;
+}
+
+void SimDesktop::installApplication(const AppSpec& spec) {
+  if (!spec.bundleURL) return;
+  installed_[*spec.bundleURL] = spec;
+}
+
+const AppSpec* SimDesktop::installedApplication(const std::string& bundlePath) const {
+  auto found = installed_.find(bundlePath);
+  return found == installed_.end() ? nullptr : &found->second;
+}
+
+bool SimDesktop::openApplication(const std::string& bundleIdentifier) {
+  for (Pid pid : launchOrder_) {
+    if (apps_.at(pid).spec.bundleIdentifier == bundleIdentifier) {
+      activateApp(pid);
+      return true;
+    }
+  }
+  for (const auto& [path, spec] : installed_) {
+    if (spec.bundleIdentifier != bundleIdentifier) continue;
+    AppSpec launched = spec;
+    launched.pid = std::max<Pid>(2000, apps_.empty() ? 0 : apps_.rbegin()->first + 1);
+    launched.active = true;
+    launchApp(launched);
+    return true;
+  }
+  return false;
 }
 
 void SimDesktop::sleepDisplays() {

@@ -109,6 +109,7 @@ class SimScreens;
 class SimDesktop {
  public:
   static constexpr Pid kOwnPid = 99;
+  static constexpr const char* kOwnBundleIdentifier = "com.example.Tolv";
   static constexpr const char* kMainSpace = "Main";
 
   SimDesktop();
@@ -145,6 +146,13 @@ class SimDesktop {
   bool closeWindow(Pid pid, const WindowSelector& selector);
   bool changeWindow(Pid pid, const WindowSelector& selector, const WindowChange& change);
   bool focusWindow(Pid pid, const WindowSelector& selector);
+
+  // Applications on disk, by bundle path: every application that ran, and a few
+  // of the system's own (Activity Monitor). Opening one that doesn't run
+  // launches it active, with the windows of its spec and a fresh pid.
+  void installApplication(const AppSpec& spec);
+  const AppSpec* installedApplication(const std::string& bundlePath) const;
+  bool openApplication(const std::string& bundleIdentifier);
 
   // The system: display sleep, the user's session and the screen saver.
   void sleepDisplays();
@@ -210,6 +218,7 @@ class SimDesktop {
   bool accessibilityGranted_ = true;
   std::string currentSpace_ = kMainSpace;
   std::map<Pid, SimApp> apps_;
+  std::map<std::string, AppSpec> installed_;
   std::vector<Pid> launchOrder_;
   std::map<uint64_t, SimWindow> windows_;
   std::vector<uint64_t> stacking_;
