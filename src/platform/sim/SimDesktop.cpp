@@ -24,8 +24,8 @@ SimDesktop::SimDesktop()
       windowServer_(std::make_unique<SimWindowServer>(*this, calls_)),
       defaults_(std::make_unique<SimUserDefaults>(calls_)),
       images_(std::make_unique<SimImages>(calls_)),
-      alerts_(std::make_unique<SimAlerts>()),
       screens_(std::make_unique<SimScreens>(calls_)) {
+  alerts_ = std::make_unique<SimAlerts>(screens_.get());
   std::string pattern = (std::filesystem::temp_directory_path() / "tolv-sim-XXXXXX").string();
   if (::mkdtemp(pattern.data())) supportFolder_ = pattern + "/Tolv";
   fileSystem_ = std::make_unique<PosixFileSystem>(supportFolder_);
