@@ -9,7 +9,9 @@
 #include "platform/posix/PosixFileSystem.h"
 #include "platform/sim/SimAccessibility.h"
 #include "platform/sim/SimAlerts.h"
+#include "platform/sim/SimHotKeys.h"
 #include "platform/sim/SimImages.h"
+#include "platform/sim/SimProcesses.h"
 #include "platform/sim/SimScreens.h"
 #include "platform/sim/SimUserDefaults.h"
 #include "platform/sim/SimWindowServer.h"
@@ -24,7 +26,9 @@ SimDesktop::SimDesktop()
       windowServer_(std::make_unique<SimWindowServer>(*this, calls_)),
       defaults_(std::make_unique<SimUserDefaults>(calls_)),
       images_(std::make_unique<SimImages>(calls_)),
-      screens_(std::make_unique<SimScreens>(calls_)) {
+      screens_(std::make_unique<SimScreens>(calls_)),
+      processes_(std::make_unique<SimProcesses>(*runLoop_, calls_, kOwnPid)),
+      hotKeys_(std::make_unique<SimHotKeys>(calls_)) {
   alerts_ = std::make_unique<SimAlerts>(screens_.get());
   std::string pattern = (std::filesystem::temp_directory_path() / "tolv-sim-XXXXXX").string();
   if (::mkdtemp(pattern.data())) supportFolder_ = pattern + "/Tolv";
@@ -59,6 +63,8 @@ Platform SimDesktop::platform() {
   platform.screens = screens_.get();
   platform.notificationCenter = &notificationCenter_;
   platform.distributedNotificationCenter = &distributedCenter_;
+  platform.processes = processes_.get();
+  platform.hotKeys = hotKeys_.get();
   return platform;
 }
 

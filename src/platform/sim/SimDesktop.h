@@ -101,6 +101,8 @@ class SimUserDefaults;
 class SimImages;
 class SimAlerts;
 class SimScreens;
+class SimProcesses;
+class SimHotKeys;
 
 // A macOS-like desktop in memory: applications, windows, their accessibility
 // elements and the window server's view of them, user defaults and a virtual
@@ -125,6 +127,8 @@ class SimDesktop {
   SimImages& images() { return *images_; }
   SimAlerts& alerts() { return *alerts_; }
   SimScreens& screens() { return *screens_; }
+  SimProcesses& processes() { return *processes_; }
+  SimHotKeys& hotKeys() { return *hotKeys_; }
   NotificationCenter& notificationCenter() { return notificationCenter_; }
   NotificationCenter& distributedNotificationCenter() { return distributedCenter_; }
   // A temporary folder that stands for Application Support/Tolv; removed with the desktop.
@@ -210,6 +214,8 @@ class SimDesktop {
   std::unique_ptr<SimImages> images_;
   std::unique_ptr<SimAlerts> alerts_;
   std::unique_ptr<SimScreens> screens_;
+  std::unique_ptr<SimProcesses> processes_;
+  std::unique_ptr<SimHotKeys> hotKeys_;
   std::unique_ptr<FileSystem> fileSystem_;
   NotificationCenter notificationCenter_;
   NotificationCenter distributedCenter_;
