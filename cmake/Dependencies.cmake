@@ -17,6 +17,12 @@ if(NOT ICU_FOUND)
   tolv_missing_package("ICU" libicu-dev)
 endif()
 
+# Base64 of the icon cache's file names.
+find_package(OpenSSL 3 QUIET COMPONENTS Crypto)
+if(NOT OpenSSL_FOUND)
+  tolv_missing_package("OpenSSL" libssl-dev)
+endif()
+
 if(BUILD_TESTING)
   find_package(GTest QUIET)
   if(NOT GTest_FOUND)

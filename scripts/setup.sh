@@ -9,7 +9,7 @@ packages=(
   cmake ninja-build g++ pkg-config clang-format
   libgtest-dev libgmock-dev libbenchmark-dev
   # core libraries
-  nlohmann-json3-dev libicu-dev
+  nlohmann-json3-dev libicu-dev libssl-dev
   # views and the toolkit's platform services
   qt6-base-dev
 )

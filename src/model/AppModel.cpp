@@ -12,6 +12,8 @@ AppModel::AppModel(const Platform& platform)
     : platform_(platform), defaults_(*platform.userDefaults, kTolvBundleIdentifier) {
   accessibilityTrusted.set(platform_.accessibility->isProcessTrusted());
   loadSettings(settings, defaults_);
+  loadIconCache();
+  ownApplicationIcon();
 }
 
 AppModel::~AppModel() = default;

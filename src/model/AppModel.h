@@ -370,10 +370,28 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   AlertResult presentAlert(const Alert& alert, bool centred, double fraction);
 
   // ---- Start menu: application icons (startmenu/) -------------------------------------
-  // Icons by image cache key ("bundle:", "path:", "running:", ...).
+  // Icons by image cache key ("bundle:", "path:", "running:", ...), every one 64
+  // by 64 pixels, backed by one raw bitmap file per key in iconCacheFolder().
   std::map<std::string, Image> appIconCache;
-  // The icon of a running application, through the cache.
+  // The icon of an application bundle or a file, through the cache; `given` is
+  // the picture to cache when the key isn't known yet, else the file's own icon.
+  Image applicationIcon(const std::string& path, const std::optional<std::string>& bundleIdentifier,
+                        const Image& given = {});
+  // This process's own icon, through the cache.
+  Image ownApplicationIcon();
+  // The icon of a running application: its bundle's through applicationIcon, else
+  // its own picture cached under "running:", else the system symbol "app".
   Image runningApplicationIcon(const RunningApplication& app);
+  std::string iconCacheFolder() const;
+  // Reads every valid file of the cache folder into appIconCache.
+  void loadIconCache();
+  // Forgets every icon and what was derived from icons, in memory and on disk.
+  void clearIconCaches();
+  // The 64 by 64 bitmap form in which every image enters the cache.
+  Image normaliseIcon(const Image& image);
+  // Writes the image's first representation under the key when it is a 64 by 64
+  // bitmap; anything else writes nothing.
+  void storeIconOnDisk(const Image& image, const std::string& key);
 
  private:
   explicit AppModel(const Platform& platform);

@@ -4,6 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "platform/Geometry.h"
+#include "platform/Screens.h"
+
 namespace tolv {
 
 enum class AlertStyle { Warning, Informational, Critical };
@@ -31,6 +34,18 @@ struct AlertPlacement {
   double fraction = 0.5;
   bool fromTop = true;  // the margin is measured down from the top edge
 };
+
+// The screen an alert stands on: the key window's, else the main screen, else
+// the first; nothing without screens.
+std::optional<Screen> alertScreen(const std::vector<Screen>& screens,
+                                  std::optional<size_t> keyWindowScreen,
+                                  std::optional<size_t> mainScreen);
+// The frame of an alert of the given size on its screen. Centred, its centre is
+// the screen's. Otherwise its centre stands at `fraction` of the visible width,
+// and it keeps a margin of 8% of the visible height, at least 60 points, from
+// the top of the visible frame or from its bottom. Backends lay the alert out,
+// then ask this where it goes.
+Rect alertFrame(const AlertPlacement& placement, Size alertSize, const Screen& screen);
 
 // The first button answers 1000, the second 1001, and so on.
 inline constexpr int kFirstButtonResponse = 1000;

@@ -27,6 +27,9 @@ class FileSystem {
   virtual bool removeFile(const std::string& path) = 0;
   virtual bool moveFile(const std::string& from, const std::string& to) = 0;
   virtual bool exists(const std::string& path) = 0;
+  // The path with every symbolic link in it resolved; parts that don't exist stay
+  // as they are (NSURL.resolvingSymlinksInPath).
+  virtual std::string resolvingSymlinks(const std::string& path) = 0;
 };
 
 }  // namespace tolv

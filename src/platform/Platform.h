@@ -4,9 +4,11 @@
 #include "platform/Alerts.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
+#include "platform/HotKeys.h"
 #include "platform/Images.h"
 #include "platform/NotificationCenter.h"
 #include "platform/Pointer.h"
+#include "platform/Processes.h"
 #include "platform/RunLoop.h"
 #include "platform/Screens.h"
 #include "platform/UserDefaults.h"
@@ -33,6 +35,8 @@ struct Platform {
   NotificationCenter* notificationCenter = nullptr;
   // Notifications between processes ("com.apple.screensaver.didstart").
   NotificationCenter* distributedNotificationCenter = nullptr;
+  Processes* processes = nullptr;
+  HotKeys* hotKeys = nullptr;
 };
 
 }  // namespace tolv

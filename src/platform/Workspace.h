@@ -27,6 +27,14 @@ struct RunningApplication {
   Image icon;
 };
 
+// What a bundle says of itself in its information dictionary.
+struct BundleInfo {
+  std::optional<std::string> identifier;
+  std::optional<std::string> shortVersion;  // CFBundleShortVersionString, "1.2"
+  std::optional<std::string> version;       // CFBundleVersion, the build
+  std::string path;
+};
+
 // Names of the workspace centre's notifications.
 namespace workspace_notification {
 inline constexpr const char* DidLaunchApplication = "NSWorkspaceDidLaunchApplicationNotification";
@@ -56,6 +64,15 @@ class Workspace {
   virtual Pid ownProcessIdentifier() = 0;
   // Delivers the workspace notifications on the main queue.
   virtual NotificationCenter& notificationCenter() = 0;
+
+  // This application's own bundle (NSBundle.main).
+  virtual BundleInfo mainBundle() = 0;
+  // The identifier of the bundle at a path; nothing when it isn't a bundle or has
+  // none (NSBundle(url:).bundleIdentifier).
+  virtual std::optional<std::string> bundleIdentifier(const std::string& bundlePath) = 0;
+  // Opens the application with this identifier, launching it when it doesn't run;
+  // false when no such application is installed (NSWorkspace.openApplication).
+  virtual bool openApplication(const std::string& bundleIdentifier) = 0;
 };
 
 }  // namespace tolv

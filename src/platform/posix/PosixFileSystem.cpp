@@ -100,4 +100,10 @@ bool PosixFileSystem::exists(const std::string& path) {
   return fs::exists(path, error);
 }
 
+std::string PosixFileSystem::resolvingSymlinks(const std::string& path) {
+  std::error_code error;
+  fs::path resolved = fs::weakly_canonical(path, error);
+  return error ? path : resolved.string();
+}
+
 }  // namespace tolv

@@ -20,6 +20,7 @@ class PosixFileSystem : public FileSystem {
   bool removeFile(const std::string& path) override;
   bool moveFile(const std::string& from, const std::string& to) override;
   bool exists(const std::string& path) override;
+  std::string resolvingSymlinks(const std::string& path) override;
 
  private:
   std::string folder_;

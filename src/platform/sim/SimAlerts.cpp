@@ -23,7 +23,13 @@ AlertResult SimAlerts::runModal(const Alert& alert, const AlertPlacement& placem
     result.fieldValue = alert.textField->value;
   }
   result.response = kFirstButtonResponse + index;
-  shown_.push_back(Shown{alert, placement, result.response});
+  std::optional<Rect> frame;
+  if (screens_) {
+    if (auto screen = alertScreen(screens_->screens(), std::nullopt, screens_->mainScreenIndex())) {
+      frame = alertFrame(placement, kAlertSize, *screen);
+    }
+  }
+  shown_.push_back(Shown{alert, placement, result.response, frame});
   return result;
 }
 

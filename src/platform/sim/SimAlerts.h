@@ -6,13 +6,19 @@
 #include <vector>
 
 #include "platform/Alerts.h"
+#include "platform/Screens.h"
 
 namespace tolv::sim {
 
 // Alerts never block: each alert shown takes the oldest unused scripted answer,
-// or else its last button. Every alert is recorded.
+// or else its last button. Every alert is recorded with the frame it was given
+// on the main screen, laid out at a fixed size.
 class SimAlerts : public Alerts {
  public:
+  static constexpr Size kAlertSize{420, 180};
+
+  explicit SimAlerts(Screens* screens = nullptr) : screens_(screens) {}
+
   struct Answer {
     std::variant<int, std::string> button;  // index from 0, or the button's title
     std::string fieldValue;
@@ -21,6 +27,7 @@ class SimAlerts : public Alerts {
     Alert alert;
     AlertPlacement placement;
     int response = 0;
+    std::optional<Rect> frame;  // nothing without screens
   };
 
   AlertResult runModal(const Alert& alert, const AlertPlacement& placement) override;
@@ -29,6 +36,7 @@ class SimAlerts : public Alerts {
   const std::vector<Shown>& shown() const { return shown_; }
 
  private:
+  Screens* screens_;
   std::deque<Answer> answers_;
   std::vector<Shown> shown_;
 };

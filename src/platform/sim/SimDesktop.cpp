@@ -9,8 +9,10 @@
 #include "platform/posix/PosixFileSystem.h"
 #include "platform/sim/SimAccessibility.h"
 #include "platform/sim/SimAlerts.h"
+#include "platform/sim/SimHotKeys.h"
 #include "platform/sim/SimImages.h"
 #include "platform/sim/SimPointer.h"
+#include "platform/sim/SimProcesses.h"
 #include "platform/sim/SimScreens.h"
 #include "platform/sim/SimUserDefaults.h"
 #include "platform/sim/SimWindowServer.h"
@@ -26,12 +28,23 @@ SimDesktop::SimDesktop()
       windowServer_(std::make_unique<SimWindowServer>(*this, calls_)),
       defaults_(std::make_unique<SimUserDefaults>(calls_)),
       images_(std::make_unique<SimImages>(calls_)),
-      alerts_(std::make_unique<SimAlerts>()),
       screens_(std::make_unique<SimScreens>(calls_)),
-      pointer_(std::make_unique<SimPointer>(calls_)) {
+      pointer_(std::make_unique<SimPointer>(calls_)),
+      processes_(std::make_unique<SimProcesses>(*runLoop_, calls_, kOwnPid)),
+      hotKeys_(std::make_unique<SimHotKeys>(calls_)) {
+  alerts_ = std::make_unique<SimAlerts>(screens_.get());
   std::string pattern = (std::filesystem::temp_directory_path() / "tolv-sim-XXXXXX").string();
   if (::mkdtemp(pattern.data())) supportFolder_ = pattern + "/Tolv";
   fileSystem_ = std::make_unique<PosixFileSystem>(supportFolder_);
+
+  AppSpec activityMonitor;
+  activityMonitor.bundleIdentifier = "com.apple.ActivityMonitor";
+  activityMonitor.name = "Activity Monitor";
+  activityMonitor.bundleURL = "/System/Applications/Utilities/Activity Monitor.app";
+  WindowSpec mainWindow;
+  mainWindow.title = "Activity Monitor";
+  activityMonitor.windows.push_back(mainWindow);
+  installApplication(activityMonitor);
 }
 
 SimDesktop::~SimDesktop() {
@@ -55,6 +68,8 @@ Platform SimDesktop::platform() {
   platform.pointer = pointer_.get();
   platform.notificationCenter = &notificationCenter_;
   platform.distributedNotificationCenter = &distributedCenter_;
+  platform.processes = processes_.get();
+  platform.hotKeys = hotKeys_.get();
   return platform;
 }
 
@@ -145,6 +160,10 @@ std::vector<uint64_t> SimDesktop::addApp(const AppSpec& spec) {
   added.element->pid = spec.pid;
   added.element->hash = freshHash();
   added.icon = images_->named("icon:" + spec.name.value_or(std::to_string(spec.pid)));
+  if (spec.bundleURL) {
+    images_->setFileIcon(*spec.bundleURL, added.icon);
+    if (!installed_.count(*spec.bundleURL)) installApplication(spec);
+  }
   launchOrder_.push_back(spec.pid);
   for (const WindowSpec& window : spec.windows)
     openWindow(spec.pid, window);
@@ -321,6 +340,34 @@ bool SimDesktop::focusWindow(Pid pid, const WindowSelector& selector) {
   bringToFront(focused->id);
   if (activePid_ != pid) activateApp(pid);
   return true;
+}
+
+void SimDesktop::installApplication(const AppSpec& spec) {
+  if (!spec.bundleURL) return;
+  installed_[*spec.bundleURL] = spec;
+}
+
+const AppSpec* SimDesktop::installedApplication(const std::string& bundlePath) const {
+  auto found = installed_.find(bundlePath);
+  return found == installed_.end() ? nullptr : &found->second;
+}
+
+bool SimDesktop::openApplication(const std::string& bundleIdentifier) {
+  for (Pid pid : launchOrder_) {
+    if (apps_.at(pid).spec.bundleIdentifier == bundleIdentifier) {
+      activateApp(pid);
+      return true;
+    }
+  }
+  for (const auto& [path, spec] : installed_) {
+    if (spec.bundleIdentifier != bundleIdentifier) continue;
+    AppSpec launched = spec;
+    launched.pid = std::max<Pid>(2000, apps_.empty() ? 0 : apps_.rbegin()->first + 1);
+    launched.active = true;
+    launchApp(launched);
+    return true;
+  }
+  return false;
 }
 
 void SimDesktop::sleepDisplays() {

@@ -106,6 +106,8 @@ class SimImages;
 class SimAlerts;
 class SimScreens;
 class SimPointer;
+class SimProcesses;
+class SimHotKeys;
 
 // A macOS-like desktop in memory: applications, windows, their accessibility
 // elements and the window server's view of them, user defaults and a virtual
@@ -114,6 +116,7 @@ class SimPointer;
 class SimDesktop {
  public:
   static constexpr Pid kOwnPid = 99;
+  static constexpr const char* kOwnBundleIdentifier = "com.example.Tolv";
   static constexpr const char* kMainSpace = "Main";
 
   SimDesktop();
@@ -132,6 +135,8 @@ class SimDesktop {
   SimAlerts& alerts() { return *alerts_; }
   SimScreens& screens() { return *screens_; }
   SimPointer& pointer() { return *pointer_; }
+  SimProcesses& processes() { return *processes_; }
+  SimHotKeys& hotKeys() { return *hotKeys_; }
   NotificationCenter& notificationCenter() { return notificationCenter_; }
   NotificationCenter& distributedNotificationCenter() { return distributedCenter_; }
   // A temporary folder that stands for Application Support/Tolv; removed with the desktop.
@@ -153,6 +158,13 @@ class SimDesktop {
   bool closeWindow(Pid pid, const WindowSelector& selector);
   bool changeWindow(Pid pid, const WindowSelector& selector, const WindowChange& change);
   bool focusWindow(Pid pid, const WindowSelector& selector);
+
+  // Applications on disk, by bundle path: every application that ran, and a few
+  // of the system's own (Activity Monitor). Opening one that doesn't run
+  // launches it active, with the windows of its spec and a fresh pid.
+  void installApplication(const AppSpec& spec);
+  const AppSpec* installedApplication(const std::string& bundlePath) const;
+  bool openApplication(const std::string& bundleIdentifier);
 
   // The system: display sleep, the user's session and the screen saver.
   void sleepDisplays();
@@ -222,6 +234,8 @@ class SimDesktop {
   std::unique_ptr<SimAlerts> alerts_;
   std::unique_ptr<SimScreens> screens_;
   std::unique_ptr<SimPointer> pointer_;
+  std::unique_ptr<SimProcesses> processes_;
+  std::unique_ptr<SimHotKeys> hotKeys_;
   std::unique_ptr<FileSystem> fileSystem_;
   NotificationCenter notificationCenter_;
   NotificationCenter distributedCenter_;
@@ -230,6 +244,7 @@ class SimDesktop {
   bool accessibilityGranted_ = true;
   std::string currentSpace_ = kMainSpace;
   std::map<Pid, SimApp> apps_;
+  std::map<std::string, AppSpec> installed_;
   std::vector<Pid> launchOrder_;
   std::map<uint64_t, SimWindow> windows_;
   std::vector<uint64_t> stacking_;

@@ -5,6 +5,11 @@
 
 namespace tolv::sim {
 
+SimWorkspace::SimWorkspace(SimDesktop& desktop, CallCounter& calls)
+    : desktop_(desktop),
+      calls_(calls),
+      mainBundle_{SimDesktop::kOwnBundleIdentifier, TOLV_VERSION, "1", "/Applications/Tolv.app"} {}
+
 std::vector<RunningApplication> SimWorkspace::runningApplications() {
   calls_.count("workspace.runningApplications");
   std::vector<RunningApplication> result;
@@ -13,7 +18,7 @@ std::vector<RunningApplication> SimWorkspace::runningApplications() {
   own.processIdentifier = SimDesktop::kOwnPid;
   own.activationPolicy = ActivationPolicy::Accessory;
   own.localizedName = "Tolv";
-  own.bundleIdentifier = "com.example.Tolv";
+  own.bundleIdentifier = SimDesktop::kOwnBundleIdentifier;
   result.push_back(own);
   for (const SimApp* app : desktop_.apps()) {
     RunningApplication entry;
@@ -33,6 +38,22 @@ std::vector<RunningApplication> SimWorkspace::runningApplications() {
 Pid SimWorkspace::ownProcessIdentifier() {
   calls_.count("workspace.ownProcessIdentifier");
   return SimDesktop::kOwnPid;
+}
+
+BundleInfo SimWorkspace::mainBundle() {
+  calls_.count("workspace.mainBundle");
+  return mainBundle_;
+}
+
+std::optional<std::string> SimWorkspace::bundleIdentifier(const std::string& bundlePath) {
+  calls_.count("workspace.bundleIdentifier");
+  const AppSpec* installed = desktop_.installedApplication(bundlePath);
+  return installed ? installed->bundleIdentifier : std::nullopt;
+}
+
+bool SimWorkspace::openApplication(const std::string& bundleIdentifier) {
+  calls_.count("workspace.openApplication");
+  return desktop_.openApplication(bundleIdentifier);
 }
 
 }  // namespace tolv::sim

@@ -1,0 +1,106 @@
+#include "platform/posix/PosixProcesses.h"
+
+#include <fcntl.h>
+#include <signal.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <charconv>
+#include <cstdlib>
+#include <filesystem>
+
+namespace tolv {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string pidFileName(const std::string& bundleIdentifier, Pid pid) {
+  return bundleIdentifier + "-" + std::to_string(pid) + ".pid";
+}
+
+// The pid of a file named for a copy of this bundle; nothing for other names.
+std::optional<Pid> pidOfFile(const std::string& name, const std::string& bundleIdentifier) {
+  std::string prefix = bundleIdentifier + "-";
+  std::string suffix = ".pid";
+  if (name.size() <= prefix.size() + suffix.size() || !name.starts_with(prefix) ||
+      !name.ends_with(suffix)) {
+    return std::nullopt;
+  }
+  const char* first = name.data() + prefix.size();
+  const char* last = name.data() + name.size() - suffix.size();
+  Pid pid = 0;
+  auto [end, error] = std::from_chars(first, last, pid);
+  if (error != std::errc() || end != last || pid <= 0) return std::nullopt;
+  return pid;
+}
+
+}  // namespace
+
+std::string PosixProcesses::instanceFolder() {
+  if (const char* runtime = std::getenv("XDG_RUNTIME_DIR"); runtime && *runtime) {
+    return (fs::path(runtime) / "Tolv").string();
+  }
+  return (fs::temp_directory_path() / ("Tolv-" + std::to_string(::getuid()))).string();
+}
+
+PosixProcesses::PosixProcesses(std::string bundleIdentifier, std::string folder)
+    : folder_(std::move(folder)) {
+  std::error_code ignored;
+  fs::create_directories(folder_, ignored);
+  ownFile_ = (fs::path(folder_) / pidFileName(bundleIdentifier, ::getpid())).string();
+  // The file is locked before it takes its name, so no reader ever finds it free.
+  std::string temporary = ownFile_ + ".tmp-XXXXXX";
+  int fd = ::mkstemp(temporary.data());
+  if (fd < 0) return;
+  std::string pid = std::to_string(::getpid()) + "\n";
+  if (::flock(fd, LOCK_EX | LOCK_NB) != 0 ||
+      ::write(fd, pid.data(), pid.size()) != static_cast<ssize_t>(pid.size()) ||
+      ::rename(temporary.c_str(), ownFile_.c_str()) != 0) {
+    ::unlink(temporary.c_str());
+    ::close(fd);
+    return;
+  }
+  ::fcntl(fd, F_SETFD, FD_CLOEXEC);
+  lockFd_ = fd;
+}
+
+PosixProcesses::~PosixProcesses() {
+  if (lockFd_ < 0) return;
+  ::unlink(ownFile_.c_str());
+  ::close(lockFd_);
+}
+
+std::vector<Pid> PosixProcesses::runningCopies(const std::string& bundleIdentifier) {
+  std::vector<Pid> copies;
+  std::error_code error;
+  for (const auto& entry : fs::directory_iterator(folder_, error)) {
+    std::string name = entry.path().filename().string();
+    auto pid = pidOfFile(name, bundleIdentifier);
+    if (!pid || *pid == ::getpid()) continue;
+    int fd = ::open(entry.path().c_str(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0) continue;
+    if (::flock(fd, LOCK_SH | LOCK_NB) == 0) {
+      ::unlink(entry.path().c_str());
+    } else if (errno == EWOULDBLOCK) {
+      copies.push_back(*pid);
+    }
+    ::close(fd);
+  }
+  std::sort(copies.begin(), copies.end());
+  return copies;
+}
+
+void PosixProcesses::terminate(Pid pid) {
+  if (pid > 0) ::kill(pid, SIGTERM);
+}
+
+int PosixProcesses::sendSignal(Pid pid, int signal) {
+  // kill(2) reads 0 and negative pids as process groups; those are never meant.
+  if (pid <= 0) return ESRCH;
+  return ::kill(pid, signal) == 0 ? 0 : errno;
+}
+
+}  // namespace tolv

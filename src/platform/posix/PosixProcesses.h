@@ -1,0 +1,44 @@
+#pragma once
+
+#include <string>
+
+#include "platform/Processes.h"
+
+namespace tolv {
+
+// Processes of a POSIX machine. Each running copy of an application announces
+// itself by a pid file that it keeps locked for as long as it lives, in a
+// per-user folder; a file whose lock is free belongs to a copy that has ended
+// and is removed by the next reader. Requests to quit are SIGTERM.
+class PosixProcesses : public Processes {
+ public:
+  // Announces this process as a running copy of `bundleIdentifier` in `folder`.
+  PosixProcesses(std::string bundleIdentifier, std::string folder = instanceFolder());
+  ~PosixProcesses() override;
+  PosixProcesses(const PosixProcesses&) = delete;
+  PosixProcesses& operator=(const PosixProcesses&) = delete;
+
+  // $XDG_RUNTIME_DIR/Tolv, else Tolv-<uid> in the temporary folder.
+  static std::string instanceFolder();
+
+  std::vector<Pid> runningCopies(const std::string& bundleIdentifier) override;
+  void terminate(Pid pid) override;
+  int sendSignal(Pid pid, int signal) override;
+  // Linux has no per-application Dock or menu bar to give up.
+  void setActivationPolicy(ActivationPolicy) override {}
+  // Raising windows is the window system backend's; without one there is nothing to raise.
+  void activateSelf() override {}
+  void terminateSelf() override { terminationRequested_ = true; }
+  bool terminationRequested() const override { return terminationRequested_; }
+
+  // Whether this process holds its pid file.
+  bool announced() const { return lockFd_ >= 0; }
+
+ private:
+  std::string folder_;
+  std::string ownFile_;
+  int lockFd_ = -1;
+  bool terminationRequested_ = false;
+};
+
+}  // namespace tolv
