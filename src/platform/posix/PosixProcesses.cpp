@@ -17,6 +17,12 @@ namespace fs = std::filesystem;
 
 namespace {
 
+volatile sig_atomic_t terminationSignalled = 0;
+
+void noteTerminationSignal(int) {
+  terminationSignalled = 1;
+}
+
 std::string pidFileName(const std::string& bundleIdentifier, Pid pid) {
   return bundleIdentifier + "-" + std::to_string(pid) + ".pid";
 }
@@ -95,6 +101,18 @@ std::vector<Pid> PosixProcesses::runningCopies(const std::string& bundleIdentifi
 
 void PosixProcesses::terminate(Pid pid) {
   if (pid > 0) ::kill(pid, SIGTERM);
+}
+
+bool PosixProcesses::terminationRequested() const {
+  return terminationRequested_ || terminationSignalled != 0;
+}
+
+void PosixProcesses::acceptTerminationRequests() {
+  struct sigaction action = {};
+  action.sa_handler = noteTerminationSignal;
+  sigemptyset(&action.sa_mask);
+  action.sa_flags = SA_RESTART;
+  ::sigaction(SIGTERM, &action, nullptr);
 }
 
 int PosixProcesses::sendSignal(Pid pid, int signal) {
