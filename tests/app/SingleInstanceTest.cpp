@@ -156,10 +156,5 @@ TEST(SingleInstanceWithoutBundleTest, AProcessWithoutBundleIdentifierNeverLooks)
   EXPECT_EQ(desktop.calls()["processes.runningCopies"], 0);
 }
 
-TEST(VersionLineTest, UnknownStandsForWhatTheBundleDoesNotTell) {
-  EXPECT_EQ(versionLine({"com.example.Tolv", "1.2", "34", ""}), "Tolv 1.2  •  Build 34");
-  EXPECT_EQ(versionLine({}), "Tolv Unknown  •  Build Unknown");
-}
-
 }  // namespace
 }  // namespace tolv

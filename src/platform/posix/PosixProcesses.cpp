@@ -10,6 +10,8 @@
 #include <charconv>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 
 namespace tolv {
 
@@ -41,6 +43,15 @@ std::optional<Pid> pidOfFile(const std::string& name, const std::string& bundleI
   auto [end, error] = std::from_chars(first, last, pid);
   if (error != std::errc() || end != last || pid <= 0) return std::nullopt;
   return pid;
+}
+
+// A process that has ended but not yet been reaped by its parent still takes
+// signals; /proc tells it apart. Where /proc can't be read, it counts as alive.
+bool isZombie(Pid pid) {
+  std::ifstream file("/proc/" + std::to_string(pid) + "/stat");
+  std::string stat((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+  auto nameEnd = stat.rfind(')');
+  return nameEnd != std::string::npos && nameEnd + 2 < stat.size() && stat[nameEnd + 2] == 'Z';
 }
 
 }  // namespace
@@ -118,7 +129,11 @@ void PosixProcesses::acceptTerminationRequests() {
 int PosixProcesses::sendSignal(Pid pid, int signal) {
   // kill(2) reads 0 and negative pids as process groups; those are never meant.
   if (pid <= 0) return ESRCH;
-  return ::kill(pid, signal) == 0 ? 0 : errno;
+  if (::kill(pid, signal) != 0) return errno;
+  // An ended copy waiting for its parent's wait counts as gone, or a copy whose
+  // parent is slow to reap would be mistaken for one that won't quit.
+  if (signal == process_signal::Probe && isZombie(pid)) return ESRCH;
+  return 0;
 }
 
 }  // namespace tolv
