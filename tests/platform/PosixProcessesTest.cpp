@@ -5,8 +5,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <thread>
 
 #include "platform/posix/PosixProcesses.h"
 
@@ -106,6 +108,22 @@ TEST_F(PosixProcessesTest, LeavingRemovesTheOwnFileAndGroupsAreNeverSignalled) {
     EXPECT_TRUE(isProcessAlive(self, ::getpid()));
   }
   EXPECT_TRUE(fs::is_empty(folder));
+}
+
+TEST_F(PosixProcessesTest, AnEndedChildNotYetReapedCountsAsGone) {
+  PosixProcesses self(kBundle, folder);
+  pid_t child = ::fork();
+  if (child == 0) ::_exit(0);
+  ASSERT_GT(child, 0);
+  // Until its parent waits, the ended child still takes signals.
+  auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+  while (::kill(child, 0) == 0 && isProcessAlive(self, child) &&
+         std::chrono::steady_clock::now() < deadline) {
+    std::this_thread::yield();
+  }
+  EXPECT_EQ(::kill(child, 0), 0);
+  EXPECT_FALSE(isProcessAlive(self, child));
+  ::waitpid(child, nullptr, 0);
 }
 
 }  // namespace

@@ -10,12 +10,20 @@
 #include <charconv>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 
 namespace tolv {
 
 namespace fs = std::filesystem;
 
 namespace {
+
+volatile sig_atomic_t terminationSignalled = 0;
+
+void noteTerminationSignal(int) {
+  terminationSignalled = 1;
+}
 
 std::string pidFileName(const std::string& bundleIdentifier, Pid pid) {
   return bundleIdentifier + "-" + std::to_string(pid) + ".pid";
@@ -35,6 +43,15 @@ std::optional<Pid> pidOfFile(const std::string& name, const std::string& bundleI
   auto [end, error] = std::from_chars(first, last, pid);
   if (error != std::errc() || end != last || pid <= 0) return std::nullopt;
   return pid;
+}
+
+// A process that has ended but not yet been reaped by its parent still takes
+// signals; /proc tells it apart. Where /proc can't be read, it counts as alive.
+bool isZombie(Pid pid) {
+  std::ifstream file("/proc/" + std::to_string(pid) + "/stat");
+  std::string stat((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+  auto nameEnd = stat.rfind(')');
+  return nameEnd != std::string::npos && nameEnd + 2 < stat.size() && stat[nameEnd + 2] == 'Z';
 }
 
 }  // namespace
@@ -97,10 +114,26 @@ void PosixProcesses::terminate(Pid pid) {
   if (pid > 0) ::kill(pid, SIGTERM);
 }
 
+bool PosixProcesses::terminationRequested() const {
+  return terminationRequested_ || terminationSignalled != 0;
+}
+
+void PosixProcesses::acceptTerminationRequests() {
+  struct sigaction action = {};
+  action.sa_handler = noteTerminationSignal;
+  sigemptyset(&action.sa_mask);
+  action.sa_flags = SA_RESTART;
+  ::sigaction(SIGTERM, &action, nullptr);
+}
+
 int PosixProcesses::sendSignal(Pid pid, int signal) {
   // kill(2) reads 0 and negative pids as process groups; those are never meant.
   if (pid <= 0) return ESRCH;
-  return ::kill(pid, signal) == 0 ? 0 : errno;
+  if (::kill(pid, signal) != 0) return errno;
+  // An ended copy waiting for its parent's wait counts as gone, or a copy whose
+  // parent is slow to reap would be mistaken for one that won't quit.
+  if (signal == process_signal::Probe && isZombie(pid)) return ESRCH;
+  return 0;
 }
 
 }  // namespace tolv

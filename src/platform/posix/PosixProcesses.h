@@ -9,7 +9,8 @@ namespace tolv {
 // Processes of a POSIX machine. Each running copy of an application announces
 // itself by a pid file that it keeps locked for as long as it lives, in a
 // per-user folder; a file whose lock is free belongs to a copy that has ended
-// and is removed by the next reader. Requests to quit are SIGTERM.
+// and is removed by the next reader. A request to quit is SIGTERM, which a
+// copy that accepts termination requests turns into its own orderly end.
 class PosixProcesses : public Processes {
  public:
   // Announces this process as a running copy of `bundleIdentifier` in `folder`.
@@ -29,7 +30,13 @@ class PosixProcesses : public Processes {
   // Raising windows is the window system backend's; without one there is nothing to raise.
   void activateSelf() override {}
   void terminateSelf() override { terminationRequested_ = true; }
-  bool terminationRequested() const override { return terminationRequested_; }
+  // Asked for by terminateSelf, or by SIGTERM once termination requests are accepted.
+  bool terminationRequested() const override;
+
+  // From now on SIGTERM no longer ends the process on the spot: it only sets
+  // terminationRequested, so that the run loop ends and the delegate's
+  // termination runs. For the whole process; the entry point calls it once.
+  static void acceptTerminationRequests();
 
   // Whether this process holds its pid file.
   bool announced() const { return lockFd_ >= 0; }

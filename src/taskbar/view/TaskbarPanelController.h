@@ -8,6 +8,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "app/AppControllers.h"
 #include "taskbar/AutoHide.h"
 #include "taskbar/TaskbarPanels.h"
 
@@ -21,16 +22,16 @@ class QtPanelWindow;
 // trigger lines and corners, driven by the panel set and the auto-hide logic of
 // the core. Also what scenario checkpoints ask of the panels: their state as
 // data and their pictures.
-class TaskbarPanelController {
+class TaskbarPanelController : public TaskbarController {
  public:
   TaskbarPanelController(AppModel& model, TextMeasurer& measurer, AutoHideHooks hooks = {});
-  ~TaskbarPanelController();
+  ~TaskbarPanelController() override;
   TaskbarPanelController(const TaskbarPanelController&) = delete;
   TaskbarPanelController& operator=(const TaskbarPanelController&) = delete;
 
-  void rebuildPanels();
+  void rebuildPanels() override;
   TaskbarPanels& panels() { return *panels_; }
-  AutoHide& autoHide() { return *autoHide_; }
+  AutoHide& autoHide() override { return *autoHide_; }
 
   // Every panel: kind, screen, frame, alpha, visible and the tabs in view.
   nlohmann::json describePanels() const;

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "platform/Geometry.h"
+#include "taskbar/AutoHide.h"
+
+namespace tolv {
+
+class AppModel;
+
+// What the application delegate asks of the windows it owns. The toolkit's
+// controllers implement these; the delegate stays free of the toolkit.
+
+// The bar's panels and their auto-hide logic.
+class TaskbarController {
+ public:
+  virtual ~TaskbarController() = default;
+  virtual void rebuildPanels() = 0;
+  virtual AutoHide& autoHide() = 0;
+};
+
+// The start menu panel.
+class StartMenuController {
+ public:
+  virtual ~StartMenuController() = default;
+  virtual bool isVisible() const = 0;
+  // Opens the menu beside the start button of the bar with this frame.
+  virtual void show(const Rect& taskbarFrame) = 0;
+  // Whether the open menu holds the pointer.
+  virtual bool containsPointer() const = 0;
+};
+
+// The Control-Tab switcher.
+class SwitcherController {
+ public:
+  virtual ~SwitcherController() = default;
+  // Takes up and gives back the switcher's own keys.
+  virtual void start() = 0;
+  virtual void stop() = 0;
+  virtual bool panelIsVisible() const = 0;
+  virtual void close() = 0;
+};
+
+// The settings window.
+class SettingsController {
+ public:
+  virtual ~SettingsController() = default;
+};
+
+// How the entry point makes the controllers. A factory left empty leaves its
+// controller out, as for parts not built yet.
+struct ControllerFactories {
+  std::function<std::unique_ptr<SettingsController>(AppModel&)> makeSettings;
+  std::function<std::unique_ptr<StartMenuController>(AppModel&)> makeStartMenu;
+  std::function<std::unique_ptr<SwitcherController>(AppModel&)> makeSwitcher;
+  // The bar gets the hooks through which it reaches the start menu and the model.
+  std::function<std::unique_ptr<TaskbarController>(AppModel&, AutoHideHooks)> makeTaskbar;
+};
+
+}  // namespace tolv
