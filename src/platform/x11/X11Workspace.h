@@ -1,0 +1,58 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <set>
+
+#include "platform/RunLoop.h"
+#include "platform/Workspace.h"
+#include "platform/x11/DesktopEntries.h"
+#include "platform/x11/X11Clients.h"
+
+namespace tolv::x11 {
+
+// The running applications of an X11 desktop: the processes that own managed
+// task windows, each a regular application. Identity, name and icon come from
+// the application's .desktop file found through its window class, else from
+// the window class itself; the icon from the window's _NET_WM_ICON, else the
+// icon theme. Launch, termination and activation are told as processes gain
+// their first window, lose their last, and own the active window.
+class X11Workspace : public Workspace {
+ public:
+  X11Workspace(X11Connection& connection, X11Clients& clients, RunLoop& runLoop,
+               DesktopEntries entries = DesktopEntries());
+  ~X11Workspace() override;
+
+  std::vector<RunningApplication> runningApplications() override;
+  Pid ownProcessIdentifier() override;
+  NotificationCenter& notificationCenter() override { return center_; }
+  BundleInfo mainBundle() override;
+  std::optional<std::string> bundleIdentifier(const std::string& bundlePath) override;
+  bool openApplication(const std::string& bundleIdentifier) override;
+
+ private:
+  struct Identity {
+    std::string windowClass;
+    std::optional<std::string> bundleIdentifier;
+    std::optional<std::string> name;
+    std::string iconName;
+    Image icon;
+  };
+  const Identity& identityOf(Pid pid, xcb_window_t window);
+  Image windowIcon(xcb_window_t window);
+  void announceChanges();
+  void post(const char* name, Pid pid);
+
+  X11Connection& connection_;
+  X11Clients& clients_;
+  RunLoop& runLoop_;
+  DesktopEntries entries_;
+  NotificationCenter center_;
+  std::map<Pid, Identity> identities_;
+  std::set<Pid> running_;
+  std::optional<Pid> activePid_;
+  std::vector<Subscription> subscriptions_;
+  std::shared_ptr<int> lifetime_ = std::make_shared<int>(0);
+};
+
+}  // namespace tolv::x11

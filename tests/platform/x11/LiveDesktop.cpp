@@ -1,0 +1,103 @@
+#include "LiveDesktop.h"
+
+#include <fcntl.h>
+#include <signal.h>
+#include <spawn.h>
+#include <stdlib.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "platform/qt/QtPlatform.h"
+
+extern char** environ;
+
+namespace tolv::x11::testing {
+
+namespace {
+
+std::string fixtureDisplay() {
+  const char* state = std::getenv("TOLV_X11_DESKTOP_STATE");
+  if (!state) return {};
+  std::ifstream in(state);
+  for (std::string line; std::getline(in, line);) {
+    if (line.rfind("DISPLAY=", 0) == 0) return line.substr(8);
+  }
+  return {};
+}
+
+}  // namespace
+
+void LiveDesktopTest::SetUpTestSuite() {
+  const std::string display = fixtureDisplay();
+  if (display.empty()) return;
+  ::setenv("DISPLAY", display.c_str(), 1);
+  ::unsetenv("QT_QPA_PLATFORM");
+  static int argc = 1;
+  static char name[] = "tolv_x11_tests";
+  static char* argv[] = {name, nullptr};
+  qt::ensureApplication(argc, argv);
+}
+
+void LiveDesktopTest::SetUp() {
+  if (fixtureDisplay().empty()) GTEST_FAIL() << "no live X desktop: run through ctest";
+  char pattern[] = "/tmp/tolv-live-XXXXXX";
+  scratch_ = ::mkdtemp(pattern);
+  configFolder = scratch_ + "/config/Tolv";
+  dataFolder = scratch_ + "/data/Tolv";
+  desktop = X11Platform::open({}, configFolder, dataFolder);
+  ASSERT_NE(desktop, nullptr) << "the display " << fixtureDisplay() << " can't be opened";
+}
+
+void LiveDesktopTest::TearDown() {
+  const std::vector<Pid> children = children_;
+  for (Pid pid : children)
+    terminate(pid);
+  desktop.reset();
+  if (!scratch_.empty()) std::filesystem::remove_all(scratch_);
+}
+
+Pid LiveDesktopTest::spawn(const std::vector<std::string>& arguments) {
+  std::vector<char*> argv;
+  for (const auto& argument : arguments)
+    argv.push_back(const_cast<char*>(argument.c_str()));
+  argv.push_back(nullptr);
+  // The clients' output would hold the test's own output open past its end.
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_addopen(&actions, 1, "/dev/null", O_WRONLY, 0);
+  posix_spawn_file_actions_addopen(&actions, 2, "/dev/null", O_WRONLY, 0);
+  pid_t pid = 0;
+  const int failed = posix_spawnp(&pid, argv[0], &actions, nullptr, argv.data(), environ);
+  posix_spawn_file_actions_destroy(&actions);
+  if (failed != 0) return 0;
+  children_.push_back(pid);
+  return pid;
+}
+
+int LiveDesktopTest::run(const std::vector<std::string>& arguments) {
+  Pid pid = spawn(arguments);
+  if (pid <= 0) return -1;
+  int status = 0;
+  ::waitpid(pid, &status, 0);
+  std::erase(children_, pid);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+void LiveDesktopTest::terminate(Pid pid) {
+  if (std::find(children_.begin(), children_.end(), pid) == children_.end()) return;
+  ::kill(pid, SIGTERM);
+  int status = 0;
+  ::waitpid(pid, &status, 0);
+  std::erase(children_, pid);
+}
+
+bool LiveDesktopTest::waitUntil(const std::function<bool()>& done, double seconds) {
+  RunLoop& loop = *desktop->platform().runLoop;
+  loop.spinUntil(loop.now() + seconds, 0.02, done);
+  return done();
+}
+
+}  // namespace tolv::x11::testing
