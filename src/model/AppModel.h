@@ -365,6 +365,21 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   // The overflow cards switch between hiding themselves and not.
   void taskbarOverflowAutoHideChanged();
 
+  // ---- Taskbar shell: task buttons and menus (taskbar/) ------------------------------------
+  // Whether a badge may show on the application's tabs: the attention setting,
+  // the badge style and the application list with its policy.
+  bool badgeAllowed(const RunningAppItem& item) const;
+  // Some window of the group has a badge that may show.
+  bool groupBadgeAllowed(const RunningAppGroup& group) const;
+  // The colour a tab shows, by its key, until the colour rules arrive: the live colour.
+  std::optional<std::string> tabColorName(const std::string& key) const;
+  // Closes the settings panel; set by whoever shows it.
+  std::function<void()> settingsCloseHandler;
+  // Adding one closes every open group popup.
+  Published<int64_t> taskbarPopupDismissGeneration{0};
+  // A group popup of an overflow row holds the overflow cards open.
+  Published<bool> overflowHeldByGroupPopup{false};
+
   // ---- Application lifecycle (app/) -----------------------------------------------------
   // The one way alerts are shown; 1000 answers the first button.
   AlertResult presentAlert(const Alert& alert, bool centred, double fraction);

@@ -145,6 +145,7 @@ TaskbarDrawing drawTaskbar(const TaskbarDrawingInput& input) {
     const TaskbarEntry& entry = layout.entries[index];
     TabDrawing tab;
     tab.id = entry.id;
+    tab.entryIndex = index;
     tab.title = entryTitle(entry).value_or(std::string());
     tab.isGroup = entry.group.has_value();
     if (entry.group) {

@@ -8,6 +8,7 @@
 #include "platform/Geometry.h"
 #include "platform/Image.h"
 #include "taskbar/ContentTransform.h"
+#include "taskbar/TabAppearance.h"
 #include "taskbar/TaskRowLayout.h"
 
 namespace tolv {
@@ -28,6 +29,7 @@ struct InnerCorner {
 
 struct TabDrawing {
   std::string id;
+  size_t entryIndex = 0;  // in the layout's entries
   std::string title;
   Image icon;
   std::optional<std::string> glyph;  // a custom group's icon text
@@ -37,6 +39,7 @@ struct TabDrawing {
   Rect frame;
   // False while the tab's card is tucked away behind the primary row.
   bool shown = true;
+  TabAppearance look;
 };
 
 struct CardDrawing {
@@ -60,7 +63,9 @@ struct TaskbarDrawing {
   std::optional<Rect> stackBackground;
   std::optional<Rect> lockMarker;
   std::vector<TabDrawing> tabs;  // furthest row first, the primary row last
-  ContentTransform toPanel;      // from content to the panel's own coordinates
+  // Where the plea to grant accessibility stands, behind the settings tab.
+  std::optional<Rect> accessibilityNotice;
+  ContentTransform toPanel;  // from content to the panel's own coordinates
 };
 
 struct TaskbarDrawingInput {
