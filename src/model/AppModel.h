@@ -429,6 +429,14 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   bool groupBadgeAllowed(const RunningAppGroup& group) const;
   // The colour a tab shows, by its key, until the colour rules arrive: the live colour.
   std::optional<std::string> tabColorName(const std::string& key) const;
+  // Activates the task, first bringing back the desktop when the bar shows the
+  // desktop's tasks on another space; an active task is minimised unless
+  // `noMinimise` holds.
+  void activateTaskOnDesktop(const RunningAppItem& task, bool noMinimise);
+  void hideOrMinimizeTaskOnDesktop(const RunningAppItem& task);
+  // A group's popup opened or closed: the open lists follow, and a popup of an
+  // overflow row holds the overflow cards open while it is shown.
+  void setGroupPopupShown(const std::string& groupID, bool shown, bool holdsOverflow);
   // Closes the settings panel; set by whoever shows it.
   std::function<void()> settingsCloseHandler;
   // Adding one closes every open group popup.

@@ -510,6 +510,10 @@ Menu workspaceGroupMenu(const std::vector<ManagedWorkspaceTask>& workspaces,
   return menu;
 }
 
+Menu closeGlyphMenu() {
+  return {item("Quit All", MenuCommand::ConfirmQuitAllApplications, "")};
+}
+
 const MenuItem* findMenuItem(const Menu& menu, const std::string& title) {
   for (const auto& entry : menu) {
     if (!entry.separator && entry.title == title) return &entry;
@@ -530,6 +534,10 @@ const char* menuCommandName(MenuCommand command) {
       return "activateTask";
     case MenuCommand::ActivateWorkspaceTask:
       return "activateWorkspaceTask";
+    case MenuCommand::ActivateGroup:
+      return "activateGroup";
+    case MenuCommand::MinimizeGroup:
+      return "minimizeGroup";
     case MenuCommand::MaximizeTask:
       return "maximizeTask";
     case MenuCommand::RestoreTaskSize:
@@ -596,6 +604,8 @@ const char* menuCommandName(MenuCommand command) {
       return "resyncTaskbarOnDesktop";
     case MenuCommand::OpenWorkspacePanel:
       return "openWorkspacePanel";
+    case MenuCommand::ConfirmQuitAllApplications:
+      return "confirmQuitAllApplications";
   }
   return "unknown";
 }

@@ -13,6 +13,8 @@ namespace tolv {
 enum class MenuCommand {
   ActivateTask,  // activateTaskOnDesktop, minimising allowed on the desktop only
   ActivateWorkspaceTask,
+  ActivateGroup,  // every window of the group's application forward
+  MinimizeGroup,
   MaximizeTask,
   RestoreTaskSize,
   ToggleFullScreen,
@@ -46,6 +48,7 @@ enum class MenuCommand {
   SetWorkspaceTaskbarBehavior,  // text: "desktop" or "separate"
   ResyncTaskbarOnDesktop,
   OpenWorkspacePanel,
+  ConfirmQuitAllApplications,
 };
 
 // Which colour table a colour choice writes.
@@ -110,6 +113,8 @@ Menu groupRowMenu(const RunningAppGroup& group, const RunningAppItem& window,
                   const std::optional<ManagedWorkspaceTask>& workspace,
                   const std::optional<std::string>& workspaceApplicationName);
 Menu workspaceRowMenu(const WorkspaceMenuFacts& facts);
+// The menu of the small close button of a popup row.
+Menu closeGlyphMenu();
 Menu workspaceGroupMenu(const std::vector<ManagedWorkspaceTask>& workspaces,
                         const std::string& taskbarBehavior);
 
