@@ -1,10 +1,16 @@
 #include "taskbar/view/TaskbarPanelController.h"
 
 #include <QBuffer>
+#include <QCursor>
+#include <QMenu>
 #include <QPainter>
 
 #include "model/AppModel.h"
 #include "taskbar/PanelDescription.h"
+#include "taskbar/TabHitTesting.h"
+#include "taskbar/TaskActions.h"
+#include "taskbar/TaskbarLocation.h"
+#include "taskbar/view/QtMenus.h"
 #include "taskbar/view/QtPanelWindow.h"
 
 namespace tolv {
@@ -38,6 +44,8 @@ TaskbarPanelController::TaskbarPanelController(AppModel& model, TextMeasurer& me
       autoHide_(std::make_unique<AutoHide>(model, *panels_, std::move(hooks))) {
   subscriptions_.push_back(panels_->didRebuild().subscribe([this] { showViews(); }));
   subscriptions_.push_back(panels_->contentChanged().subscribe([this] { redraw(); }));
+  subscriptions_.push_back(
+      model_.taskbarPopupDismissGeneration.subscribe([this](int64_t) { closeGroupPopup(); }));
 }
 
 TaskbarPanelController::~TaskbarPanelController() = default;
@@ -51,8 +59,64 @@ QtPanelWindow& TaskbarPanelController::window(const TaskbarPanel& panel) const {
 }
 
 void TaskbarPanelController::showViews() {
-  for (const auto& panel : panels_->panels())
-    window(*panel).showTaskbar(model_, *panel);
+  for (const auto& panel : panels_->panels()) {
+    window(*panel).showTaskbar(
+        model_, *panel, [this](Point point, MouseButton button) { pointerClicked(point, button); });
+  }
+}
+
+std::optional<TabClickReport> TaskbarPanelController::click(Point designPoint, MouseButton button) {
+  auto hit = tabAt(*panels_, designPoint);
+  if (!hit) return std::nullopt;
+  TabClickReport report;
+  report.tabID = hit->tab->id;
+  report.decision = decideTabClick(*hit->entry, button);
+  switch (report.decision.result) {
+    case ClickResult::Perform:
+      report.performed = performMenuAction(model_, *report.decision.action);
+      break;
+    case ClickResult::OpenMenu:
+      lastMenu_ = entryMenu(model_, *hit->entry);
+      break;
+    case ClickResult::OpenGroupPopup:
+      closeGroupPopup();
+      openGroupPopup_ = hit->entry->id;
+      // A popup of an overflow card of a top bar keeps the cards open.
+      openGroupPopupHoldsOverflow_ = hit->tab->row != 0 && isTopEdge(panels_->location());
+      model_.setGroupPopupShown(*openGroupPopup_, true, openGroupPopupHoldsOverflow_);
+      break;
+    case ClickResult::ToggleWorkspacePanel:
+      workspacePanelShown_ = !workspacePanelShown_;
+      break;
+    case ClickResult::Nothing:
+      break;
+  }
+  return report;
+}
+
+bool TaskbarPanelController::chooseMenuItem(const std::string& title) {
+  if (!lastMenu_) return false;
+  const MenuItem* item = findMenuItem(*lastMenu_, title);
+  if (!item || !item->action || !item->enabled) return false;
+  MenuAction action = *item->action;
+  lastMenu_.reset();
+  return performMenuAction(model_, action);
+}
+
+void TaskbarPanelController::closeGroupPopup() {
+  if (!openGroupPopup_) return;
+  model_.setGroupPopupShown(*openGroupPopup_, false, openGroupPopupHoldsOverflow_);
+  openGroupPopup_.reset();
+}
+
+void TaskbarPanelController::pointerClicked(Point designPoint, MouseButton button) {
+  auto report = click(designPoint, button);
+  if (!report || report->decision.result != ClickResult::OpenMenu || !lastMenu_) return;
+  shownMenu_ = makeQMenu(*lastMenu_, [this](const MenuAction& action) {
+    lastMenu_.reset();
+    performMenuAction(model_, action);
+  });
+  shownMenu_->popup(QCursor::pos());
 }
 
 void TaskbarPanelController::redraw() {

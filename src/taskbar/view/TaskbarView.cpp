@@ -1,5 +1,6 @@
 #include "taskbar/view/TaskbarView.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -61,9 +62,16 @@ void drawBufferStrip(QPainter& painter, const QRectF& strip, const QColor& base)
 
 }  // namespace
 
-TaskbarView::TaskbarView(const AppModel& model, const TaskbarPanel& panel, QWidget* parent)
-    : QWidget(parent), model_(model), panel_(panel) {
+TaskbarView::TaskbarView(const AppModel& model, const TaskbarPanel& panel, QWidget* parent,
+                         ClickHandler onClick)
+    : QWidget(parent), model_(model), panel_(panel), onClick_(std::move(onClick)) {
   setAttribute(Qt::WA_TranslucentBackground);
+}
+
+void TaskbarView::mousePressEvent(QMouseEvent* event) {
+  if (!onClick_) return;
+  if (event->button() == Qt::LeftButton) onClick_(event->position(), MouseButton::Left);
+  if (event->button() == Qt::RightButton) onClick_(event->position(), MouseButton::Right);
 }
 
 void TaskbarView::paintEvent(QPaintEvent*) {
