@@ -4,12 +4,14 @@
 #include <QCursor>
 #include <QMenu>
 #include <QPainter>
+#include <QScrollArea>
 
 #include "model/AppModel.h"
 #include "taskbar/PanelDescription.h"
 #include "taskbar/TabHitTesting.h"
 #include "taskbar/TaskActions.h"
 #include "taskbar/TaskbarLocation.h"
+#include "taskbar/view/GroupPopupView.h"
 #include "taskbar/view/QtMenus.h"
 #include "taskbar/view/QtPanelWindow.h"
 
@@ -84,6 +86,7 @@ std::optional<TabClickReport> TaskbarPanelController::click(Point designPoint, M
       // A popup of an overflow card of a top bar keeps the cards open.
       openGroupPopupHoldsOverflow_ = hit->tab->row != 0 && isTopEdge(panels_->location());
       model_.setGroupPopupShown(*openGroupPopup_, true, openGroupPopupHoldsOverflow_);
+      showGroupPopup(*hit->panel, *hit->tab, *hit->entry->group);
       break;
     case ClickResult::ToggleWorkspacePanel:
       workspacePanelShown_ = !workspacePanelShown_;
@@ -104,19 +107,92 @@ bool TaskbarPanelController::chooseMenuItem(const std::string& title) {
 }
 
 void TaskbarPanelController::closeGroupPopup() {
+  // The popup may be closing from inside its own click.
+  if (popupWindow_) popupWindow_.release()->deleteLater();
   if (!openGroupPopup_) return;
   model_.setGroupPopupShown(*openGroupPopup_, false, openGroupPopupHoldsOverflow_);
   openGroupPopup_.reset();
 }
 
-void TaskbarPanelController::pointerClicked(Point designPoint, MouseButton button) {
-  auto report = click(designPoint, button);
-  if (!report || report->decision.result != ClickResult::OpenMenu || !lastMenu_) return;
+bool TaskbarPanelController::clickGroupPopup(GroupPopupPart part, int row, MouseButton button) {
+  if (!openGroupPopup_) return false;
+  auto group = findGroup(model_, *openGroupPopup_);
+  if (!group) {
+    closeGroupPopup();
+    return false;
+  }
+  const RunningAppItem* window =
+      row >= 0 && static_cast<size_t>(row) < group->windows.size() ? &group->windows[row] : nullptr;
+  if (button == MouseButton::Right) {
+    if (part == GroupPopupPart::Header) lastMenu_ = groupHeaderMenu(model_, *group);
+    if (part == GroupPopupPart::Row && window) lastMenu_ = groupRowMenu(model_, *group, *window);
+    if (part == GroupPopupPart::RowClose) lastMenu_ = closeGlyphMenu();
+    return false;
+  }
+  PopupClickDecision decision = decideGroupPopupClick(*group, part, window);
+  if (decision.closesPopup) closeGroupPopup();
+  return decision.action && performMenuAction(model_, *decision.action);
+}
+
+void TaskbarPanelController::showGroupPopup(const TaskbarPanel& panel, const TabDrawing& tab,
+                                            const RunningAppGroup& group) {
+  GroupPopupContent content = groupPopupContent(model_, group);
+  auto view = std::make_unique<GroupPopupView>(
+      content, [this](GroupPopupPart part, int row, MouseButton button) {
+        clickGroupPopup(part, row, button);
+        if (button == MouseButton::Right) popUpLastMenu();
+      });
+  QSize size = view->sizeHint();
+  if (content.scrolls) {
+    auto scroller = std::make_unique<QScrollArea>();
+    scroller->setWidget(view.release());
+    scroller->setFrameShape(QFrame::NoFrame);
+    size.setHeight(qRound(kGroupPopupScrollHeight));
+    popupWindow_ = std::move(scroller);
+  } else {
+    popupWindow_ = std::move(view);
+  }
+  popupWindow_->setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+  popupWindow_->setWindowOpacity(content.windowAlpha);
+  popupWindow_->resize(size);
+
+  // Beside the tab on the side its arrow names, in the toolkit's y-down screen space.
+  Rect anchor = tabFrameOnScreen(panel, tab);
+  auto screens = model_.platform().screens->screens();
+  double top = screens.empty() ? 0.0 : screens.front().frame.maxY();
+  double x = anchor.x;
+  double y = top - anchor.maxY() - size.height();
+  switch (content.arrowEdge) {
+    case PopoverEdge::Bottom:
+      y = top - anchor.y;
+      break;
+    case PopoverEdge::Leading:
+      x = anchor.maxX();
+      y = top - anchor.maxY();
+      break;
+    case PopoverEdge::Trailing:
+      x = anchor.x - size.width();
+      y = top - anchor.maxY();
+      break;
+    case PopoverEdge::Top:
+      break;
+  }
+  popupWindow_->move(qRound(x), qRound(y));
+  popupWindow_->show();
+}
+
+void TaskbarPanelController::popUpLastMenu() {
+  if (!lastMenu_) return;
   shownMenu_ = makeQMenu(*lastMenu_, [this](const MenuAction& action) {
     lastMenu_.reset();
     performMenuAction(model_, action);
   });
   shownMenu_->popup(QCursor::pos());
+}
+
+void TaskbarPanelController::pointerClicked(Point designPoint, MouseButton button) {
+  auto report = click(designPoint, button);
+  if (report && report->decision.result == ClickResult::OpenMenu) popUpLastMenu();
 }
 
 void TaskbarPanelController::redraw() {

@@ -58,6 +58,12 @@ class TaskbarPanelController : public TaskbarController {
   // The group whose popup is open, and whether the workspace list is shown.
   const std::optional<std::string>& openGroupPopup() const { return openGroupPopup_; }
   void closeGroupPopup();
+  // A click on a part of the open group popup; `row` indexes the group's windows.
+  // A right click on the header, a row or a row's close button builds its menu
+  // as the last menu. Whether an action ran.
+  bool clickGroupPopup(GroupPopupPart part, int row, MouseButton button);
+  // The open popup's window, while it is shown.
+  QWidget* groupPopupWindow() const { return popupWindow_.get(); }
   bool workspacePanelShown() const { return workspacePanelShown_; }
 
   // The panel as seen on its screen: the screen's area in a plain desktop
@@ -76,6 +82,10 @@ class TaskbarPanelController : public TaskbarController {
   void redraw();
   // A click of the pointer in a panel's view: the click, then its menu.
   void pointerClicked(Point designPoint, MouseButton button);
+  void showGroupPopup(const TaskbarPanel& panel, const TabDrawing& tab,
+                      const RunningAppGroup& group);
+  // Shows the last menu at the pointer.
+  void popUpLastMenu();
 
   AppModel& model_;
   std::unique_ptr<WindowFactory> factory_;
@@ -87,6 +97,7 @@ class TaskbarPanelController : public TaskbarController {
   bool openGroupPopupHoldsOverflow_ = false;
   bool workspacePanelShown_ = false;
   std::unique_ptr<QMenu> shownMenu_;
+  std::unique_ptr<QWidget> popupWindow_;
 };
 
 // A name made safe for a file: anything but letters, digits, '.', '-' and '_' becomes '_'.

@@ -9,6 +9,7 @@
 #include "support/SimModel.h"
 #include "taskbar/FixedTextMeasurer.h"
 #include "taskbar/PanelDescription.h"
+#include "taskbar/view/GroupPopupView.h"
 #include "taskbar/view/QtMenus.h"
 #include "taskbar/view/TaskbarPanelController.h"
 
@@ -175,6 +176,36 @@ TEST_F(TaskButtons, AGroupTabOpensItsPopupUntilPopupsAreDismissed) {
   // Mail's group holds one window: its tab acts as the window's.
   ASSERT_TRUE(controller->click(centre("Inbox"), MouseButton::Left));
   EXPECT_EQ(sim.desktop.activePid(), 2);
+}
+
+TEST_F(TaskButtons, TheGroupPopupsRowsActivateTheirWindowsAndCarryMenus) {
+  start("always");
+  ASSERT_TRUE(controller->click(centre("Editor Tabs"), MouseButton::Left));
+  ASSERT_TRUE(controller->groupPopupWindow());
+  auto* view = qobject_cast<GroupPopupView*>(controller->groupPopupWindow());
+  ASSERT_TRUE(view);
+  EXPECT_EQ(view->partAt(view->rowRect(1).center()), std::make_pair(GroupPopupPart::Row, 1));
+
+  EXPECT_FALSE(controller->clickGroupPopup(GroupPopupPart::Row, 1, MouseButton::Right));
+  ASSERT_TRUE(controller->lastMenu());
+  EXPECT_TRUE(findMenuItem(*controller->lastMenu(), "Minimize Window"));
+  EXPECT_TRUE(controller->openGroupPopup()) << "a menu leaves the popup open";
+
+  EXPECT_TRUE(controller->clickGroupPopup(GroupPopupPart::Row, 1, MouseButton::Left));
+  EXPECT_FALSE(controller->openGroupPopup());
+  EXPECT_FALSE(controller->groupPopupWindow());
+  settle();
+  EXPECT_TRUE(isActive("Two"));
+}
+
+TEST_F(TaskButtons, TheGroupPopupsFooterHidesAllWindows) {
+  start("always");
+  ASSERT_TRUE(controller->click(centre("Editor Tabs"), MouseButton::Left));
+  EXPECT_TRUE(controller->clickGroupPopup(GroupPopupPart::HideAll, -1, MouseButton::Left));
+  EXPECT_TRUE(sim.desktop.findWindow(1, {.title = "One"})->spec.minimized);
+  EXPECT_TRUE(sim.desktop.findWindow(1, {.title = "Two"})->spec.minimized);
+  EXPECT_FALSE(controller->clickGroupPopup(GroupPopupPart::Row, 0, MouseButton::Left))
+      << "the popup is closed";
 }
 
 TEST(QtMenus, TheToolkitMenuFollowsTheTreeAndHandsBackTheChosenAction) {
