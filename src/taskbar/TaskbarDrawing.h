@@ -33,9 +33,7 @@ struct TabDrawing {
   std::string title;
   Image icon;
   std::optional<std::string> glyph;  // a custom group's icon text
-  bool isGroup = false;
-  bool isActive = false;
-  int row = 0;  // 0 for the primary row, else the overflow row's id
+  int row = 0;                       // 0 for the primary row, else the overflow row's id
   Rect frame;
   // False while the tab's card is tucked away behind the primary row.
   bool shown = true;

@@ -11,9 +11,11 @@
 #include "taskbar/TabHitTesting.h"
 #include "taskbar/TaskActions.h"
 #include "taskbar/TaskbarLocation.h"
+#include "taskbar/WorkspacePanelGeometry.h"
 #include "taskbar/view/GroupPopupView.h"
 #include "taskbar/view/QtMenus.h"
 #include "taskbar/view/QtPanelWindow.h"
+#include "taskbar/view/WorkspacePopupView.h"
 
 namespace tolv {
 
@@ -89,7 +91,11 @@ std::optional<TabClickReport> TaskbarPanelController::click(Point designPoint, M
       showGroupPopup(*hit->panel, *hit->tab, *hit->entry->group);
       break;
     case ClickResult::ToggleWorkspacePanel:
-      workspacePanelShown_ = !workspacePanelShown_;
+      if (workspacePanel_) {
+        closeWorkspacePanel();
+      } else {
+        showWorkspacePanel(*hit->panel, *hit->tab, *hit->entry->workspaceGroup);
+      }
       break;
     case ClickResult::Nothing:
       break;
@@ -179,6 +185,46 @@ void TaskbarPanelController::showGroupPopup(const TaskbarPanel& panel, const Tab
   }
   popupWindow_->move(qRound(x), qRound(y));
   popupWindow_->show();
+}
+
+void TaskbarPanelController::showWorkspacePanel(const TaskbarPanel& panel, const TabDrawing& tab,
+                                                const std::vector<ManagedWorkspaceTask>& spaces) {
+  auto screens = model_.platform().screens->screens();
+  Rect frame = workspacePanelFrame(model_.settings.taskbarLocation, tabFrameOnScreen(panel, tab),
+                                   screens, 0, spaces.size());
+  workspacePanelSpaces_ = spaces;
+  workspacePanel_ = std::make_unique<WorkspacePopupView>(
+      workspacePopupRows(model_, spaces), QSize(qRound(frame.width), qRound(frame.height)),
+      [this](int row, WorkspaceRowPart part, MouseButton button) {
+        clickWorkspacePanel(row, part, button);
+        if (button == MouseButton::Right) popUpLastMenu();
+      });
+  workspacePanel_->setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+  double top = screens.empty() ? 0.0 : screens.front().frame.maxY();
+  workspacePanel_->move(qRound(frame.x), qRound(top - frame.maxY()));
+  workspacePanel_->show();
+}
+
+void TaskbarPanelController::closeWorkspacePanel() {
+  // The panel may be closing from inside its own click.
+  if (workspacePanel_) workspacePanel_.release()->deleteLater();
+}
+
+bool TaskbarPanelController::clickWorkspacePanel(int row, WorkspaceRowPart part,
+                                                 MouseButton button) {
+  if (!workspacePanel_) return false;
+  if (row < 0) {
+    if (button == MouseButton::Left) closeWorkspacePanel();
+    return false;
+  }
+  if (static_cast<size_t>(row) >= workspacePanelSpaces_.size()) return false;
+  const ManagedWorkspaceTask& workspace = workspacePanelSpaces_[static_cast<size_t>(row)];
+  if (button == MouseButton::Right) {
+    lastMenu_ = workspaceRowMenu(model_, workspace);
+    return false;
+  }
+  auto action = workspaceRowClickAction(workspace, part);
+  return action && performMenuAction(model_, *action);
 }
 
 void TaskbarPanelController::popUpLastMenu() {

@@ -13,6 +13,7 @@
 #include "taskbar/AutoHide.h"
 #include "taskbar/TabClicks.h"
 #include "taskbar/TaskbarPanels.h"
+#include "taskbar/WorkspacePopup.h"
 
 namespace tolv {
 
@@ -64,7 +65,12 @@ class TaskbarPanelController : public TaskbarController {
   bool clickGroupPopup(GroupPopupPart part, int row, MouseButton button);
   // The open popup's window, while it is shown.
   QWidget* groupPopupWindow() const { return popupWindow_.get(); }
-  bool workspacePanelShown() const { return workspacePanelShown_; }
+  bool workspacePanelShown() const { return workspacePanel_ != nullptr; }
+  QWidget* workspacePanelWindow() const { return workspacePanel_.get(); }
+  void closeWorkspacePanel();
+  // A click on the workspace list: `row` -1 is its header. A right click on a
+  // row builds the row's menu as the last menu. Whether an action ran.
+  bool clickWorkspacePanel(int row, WorkspaceRowPart part, MouseButton button);
 
   // The panel as seen on its screen: the screen's area in a plain desktop
   // colour, the panel drawn at its frame with its alpha. One pixel per point.
@@ -84,6 +90,8 @@ class TaskbarPanelController : public TaskbarController {
   void pointerClicked(Point designPoint, MouseButton button);
   void showGroupPopup(const TaskbarPanel& panel, const TabDrawing& tab,
                       const RunningAppGroup& group);
+  void showWorkspacePanel(const TaskbarPanel& panel, const TabDrawing& tab,
+                          const std::vector<ManagedWorkspaceTask>& spaces);
   // Shows the last menu at the pointer.
   void popUpLastMenu();
 
@@ -95,7 +103,8 @@ class TaskbarPanelController : public TaskbarController {
   std::optional<Menu> lastMenu_;
   std::optional<std::string> openGroupPopup_;
   bool openGroupPopupHoldsOverflow_ = false;
-  bool workspacePanelShown_ = false;
+  std::unique_ptr<QWidget> workspacePanel_;
+  std::vector<ManagedWorkspaceTask> workspacePanelSpaces_;
   std::unique_ptr<QMenu> shownMenu_;
   std::unique_ptr<QWidget> popupWindow_;
 };

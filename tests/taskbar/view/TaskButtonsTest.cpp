@@ -208,6 +208,33 @@ TEST_F(TaskButtons, TheGroupPopupsFooterHidesAllWindows) {
       << "the popup is closed";
 }
 
+TEST_F(TaskButtons, TheWorkspaceButtonTogglesItsListBesideIt) {
+  start();
+  ManagedWorkspaceTask desktop, keynote;
+  desktop.id = "1";
+  desktop.name = "Desktop 1";
+  desktop.isDesktopSpace = true;
+  desktop.isCurrent = true;
+  keynote.id = "2";
+  keynote.name = "Keynote";
+  model.managedWorkspaceTasks = {desktop, keynote};
+  Rect button = tabFrame("Workspaces");
+  ASSERT_TRUE(controller->click(centre("Workspaces"), MouseButton::Left));
+  ASSERT_TRUE(controller->workspacePanelShown());
+  QWidget* list = controller->workspacePanelWindow();
+  EXPECT_EQ(list->size(), QSize(270, 120));
+  // Above a bottom bar, from the button's leading edge; the toolkit's y runs down.
+  EXPECT_EQ(list->pos(), QPoint(qRound(button.x), 900 - 34 - 120));
+
+  EXPECT_FALSE(controller->clickWorkspacePanel(1, WorkspaceRowPart::Body, MouseButton::Right));
+  ASSERT_TRUE(controller->lastMenu());
+  EXPECT_TRUE(findMenuItem(*controller->lastMenu(), "Force Placement"));
+  EXPECT_TRUE(controller->clickWorkspacePanel(1, WorkspaceRowPart::Body, MouseButton::Left));
+
+  ASSERT_TRUE(controller->click(centre("Workspaces"), MouseButton::Left));
+  EXPECT_FALSE(controller->workspacePanelShown());
+}
+
 TEST(QtMenus, TheToolkitMenuFollowsTheTreeAndHandsBackTheChosenAction) {
   static int argc = 1;
   static char name[] = "tolv_ui_tests";
