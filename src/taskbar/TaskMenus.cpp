@@ -522,6 +522,24 @@ const MenuItem* findMenuItem(const Menu& menu, const std::string& title) {
   return nullptr;
 }
 
+nlohmann::json menuJson(const Menu& menu) {
+  auto items = nlohmann::json::array();
+  for (const auto& entry : menu) {
+    if (entry.separator) {
+      items.push_back({{"separator", true}});
+      continue;
+    }
+    nlohmann::json item{{"title", entry.title}, {"enabled", entry.enabled}};
+    if (entry.action) {
+      item["action"] = {{"command", menuCommandName(entry.action->command)},
+                        {"subject", entry.action->subject}};
+    }
+    if (!entry.children.empty()) item["children"] = menuJson(entry.children);
+    items.push_back(std::move(item));
+  }
+  return items;
+}
+
 std::string describeMenu(const Menu& menu, int maxDepth) {
   std::string out;
   describeInto(menu, 0, maxDepth, out);

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include <nlohmann/json.hpp>
+
 #include "model/Records.h"
 
 namespace tolv {
@@ -126,5 +128,8 @@ const MenuItem* findMenuItem(const Menu& menu, const std::string& title);
 // Submenus deeper than `maxDepth` are left out.
 std::string describeMenu(const Menu& menu, int maxDepth = 100);
 const char* menuCommandName(MenuCommand command);
+// The tree as data for a checkpoint: each item's "title", "enabled", its
+// "action" ({ "command", "subject" }) and "children"; separators as { "separator": true }.
+nlohmann::json menuJson(const Menu& menu);
 
 }  // namespace tolv

@@ -415,5 +415,20 @@ TEST(ColourLists, WorkspaceDefaultsHaveNoRecommendation) {
             "Red [setColor workspaceGroupDefault Red]\n");
 }
 
+TEST(MenuJson, CarriesTitlesActionsSeparatorsAndSubmenus) {
+  Menu menu = workspaceGroupMenu({space("1", "Desktop 1", true)}, "desktop");
+  nlohmann::json json = menuJson(menu);
+  ASSERT_EQ(json.size(), menu.size());
+  EXPECT_EQ(json[0],
+            (nlohmann::json{
+                {"title", "Open WS List"},
+                {"enabled", true},
+                {"action", {{"command", "openWorkspacePanel"}, {"subject", "workspace-group"}}}}));
+  EXPECT_EQ(json[1], (nlohmann::json{{"separator", true}}));
+  EXPECT_EQ(json[3]["title"], "WS Taskbar Behavior");
+  EXPECT_EQ(json[3]["children"][0]["title"], std::string(kCheckedShowDesktopTitle));
+  EXPECT_FALSE(json[3].contains("action"));
+}
+
 }  // namespace
 }  // namespace tolv
