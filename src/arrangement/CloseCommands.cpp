@@ -1,5 +1,6 @@
 // Closing windows and quitting applications from the bar.
 
+#include "arrangement/WindowCommands.h"
 #include "model/AppModel.h"
 #include "model/TaskIdentifiers.h"
 #include "model/Text.h"
@@ -10,7 +11,6 @@ namespace {
 
 // Close commands wait this long after the hop back to the desktop.
 constexpr double kCloseAfterDesktopHopSeconds = 0.35;
-constexpr const char* kFinderBundleIdentifier = "com.apple.finder";
 // The task menus' questions stand at half the screen's width, not centred.
 constexpr bool kMenuAlertCentred = false;
 constexpr double kMenuAlertFraction = 0.5;
