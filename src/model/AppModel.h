@@ -470,7 +470,8 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   // Reads and presses the window's close button; whether the press went through.
   bool pressCloseButton(const AXElement& window);
   bool closeTaskWindow(const RunningAppItem& task);
-  // Runs a close command after the hop to the desktop when the bar needs one.
+  // Runs a tab command at once, or after the hop back to the desktop while the
+  // bar shows the desktop's tasks on another space.
   void runOnDesktop(std::function<void(AppModel&)> command);
   // The regular applications other than this one, with their window lists.
   std::vector<std::pair<RunningApplication, AXElementList>> applicationsWithWindows();

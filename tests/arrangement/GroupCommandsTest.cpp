@@ -42,15 +42,6 @@ TEST_F(GroupCommands, ACustomGroupBringsItsFirstWindowForward) {
   EXPECT_EQ(model().settings.recentWindowIDs.front(), shown("Sent").id);
 }
 
-TEST_F(GroupCommands, AGroupWithoutWindowsDoesNothing) {
-  RunningAppGroup empty = group({"Inbox"}, true);
-  empty.windows.clear();
-  model().activateGroup(empty);
-  empty.isCustom = false;
-  model().activateGroup(empty);
-  EXPECT_THAT(actions(), IsEmpty());
-}
-
 TEST_F(GroupCommands, MinimisingAGroupSkipsWindowsThatCannotBeFound) {
   const RunningAppGroup mixed = group({"Two", "Inbox", "Sent"}, true);
   desktop.closeWindow(2, {.title = "Inbox"});

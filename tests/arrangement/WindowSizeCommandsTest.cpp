@@ -136,12 +136,5 @@ TEST_F(WindowSizeCommands, AFailingWriteEndsTheCommandAndLeavesWhatWasDone) {
   EXPECT_THAT(activeNames(), ElementsAre("One"));
 }
 
-TEST_F(WindowSizeCommands, WithoutScreensNothingIsMoved) {
-  desktop.screens().setScreens({});
-  model().maximizeTask(shown("Two"));
-  EXPECT_THAT(actions(), ElementsAre("unhide 1", "activate 1 0", "AXRaise Two"));
-  EXPECT_EQ(windowSpec(1, "Two").position, (AXPoint{1600, 300}));
-}
-
 }  // namespace
 }  // namespace tolv
