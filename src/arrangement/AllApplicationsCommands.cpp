@@ -1,13 +1,12 @@
 // Commands on the windows of every application at once.
 
+#include "arrangement/WindowCommands.h"
 #include "model/AppModel.h"
 #include "model/Text.h"
 
 namespace tolv {
 
 namespace {
-
-constexpr const char* kFinderBundleIdentifier = "com.apple.finder";
 
 // The Finder's desktop is a window without a title; it is left alone.
 bool isFinderDesktopWindow(Accessibility& ax, const RunningApplication& app,
@@ -20,12 +19,10 @@ bool isFinderDesktopWindow(Accessibility& ax, const RunningApplication& app,
 }  // namespace
 
 std::vector<std::pair<RunningApplication, AXElementList>> AppModel::applicationsWithWindows() {
-  Accessibility& ax = *platform_.accessibility;
   std::set<Pid> seen;
   std::vector<std::pair<RunningApplication, AXElementList>> result;
   for (auto& app : listRegularApplications(platform_.workspace->ownProcessIdentifier(), seen)) {
-    auto windows =
-        axElementList(ax.copyAttribute(ax.applicationElement(app.processIdentifier), ax::Windows));
+    auto windows = copyAXWindows(app.processIdentifier);
     result.emplace_back(std::move(app), windows.value_or(AXElementList{}));
   }
   return result;

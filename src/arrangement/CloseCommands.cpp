@@ -1,5 +1,6 @@
 // Closing windows and quitting applications from the bar.
 
+#include "arrangement/WindowCommands.h"
 #include "model/AppModel.h"
 #include "model/TaskIdentifiers.h"
 #include "model/Text.h"
@@ -8,9 +9,9 @@ namespace tolv {
 
 namespace {
 
-// Close commands wait this long after the hop back to the desktop.
-constexpr double kCloseAfterDesktopHopSeconds = 0.35;
-constexpr const char* kFinderBundleIdentifier = "com.apple.finder";
+// A command waits this long after the hop back to the desktop, so that the
+// desktop's windows can be reached.
+constexpr double kAfterDesktopHopSeconds = 0.35;
 // The task menus' questions stand at half the screen's width, not centred.
 constexpr bool kMenuAlertCentred = false;
 constexpr double kMenuAlertFraction = 0.5;
@@ -43,7 +44,7 @@ void AppModel::runOnDesktop(std::function<void(AppModel&)> command) {
     for (const auto& workspace : managedWorkspaceTasks.get()) {
       if (!workspace.isDesktopSpace) continue;
       requestWorkspaceSwitch(workspace);
-      postAfter(kCloseAfterDesktopHopSeconds, std::move(command));
+      postAfter(kAfterDesktopHopSeconds, std::move(command));
       return;
     }
   }

@@ -51,18 +51,19 @@ void AppModel::reportTaskActivated(const RunningAppItem& task) {
   }
 }
 
-std::optional<AXElement> AppModel::resolveFreshAXWindow(const RunningAppItem& task) {
+std::optional<AXElementList> AppModel::copyAXWindows(Pid pid) {
   Accessibility& ax = *platform_.accessibility;
-  auto windows =
-      axElementList(ax.copyAttribute(ax.applicationElement(task.processIdentifier), ax::Windows));
+  return axElementList(ax.copyAttribute(ax.applicationElement(pid), ax::Windows));
+}
+
+std::optional<AXElement> AppModel::resolveFreshAXWindow(const RunningAppItem& task) {
+  auto windows = copyAXWindows(task.processIdentifier);
   if (!windows || windows->empty()) return std::nullopt;
   return resolveAXWindow(task, *windows);
 }
 
 std::optional<AXElement> AppModel::resolveObservedAXWindow(const RunningAppItem& task) {
-  Accessibility& ax = *platform_.accessibility;
-  auto fresh =
-      axElementList(ax.copyAttribute(ax.applicationElement(task.processIdentifier), ax::Windows));
+  auto fresh = copyAXWindows(task.processIdentifier);
   return resolveAXWindow(
       task, mergeObservedWindows(fresh.value_or(AXElementList{}), task.processIdentifier));
 }

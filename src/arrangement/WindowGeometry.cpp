@@ -6,10 +6,12 @@ namespace tolv {
 
 namespace {
 
+// 0 without screens.
 double highestTopEdge(const std::vector<Screen>& screens) {
-  double top = 0;
-  for (size_t i = 0; i < screens.size(); ++i)
-    top = i == 0 ? screens[i].frame.maxY() : std::max(top, screens[i].frame.maxY());
+  if (screens.empty()) return 0;
+  double top = screens.front().frame.maxY();
+  for (const Screen& screen : screens)
+    top = std::max(top, screen.frame.maxY());
   return top;
 }
 

@@ -486,12 +486,15 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   // Runs `work` later on the main queue, unless the model is gone by then.
   void postAfter(double delay, std::function<void(AppModel&)> work);
 
-  // Window commands: the window's frame on its screen's visible frame, scaled.
+  // Window commands: one read of an application's AXWindows.
+  std::optional<AXElementList> copyAXWindows(Pid pid);
+  // The window's frame on its screen's visible frame, scaled.
   void fitTaskToVisibleFrame(const RunningAppItem& task, double fraction);
   // Reads and presses the window's close button; whether the press went through.
   bool pressCloseButton(const AXElement& window);
   bool closeTaskWindow(const RunningAppItem& task);
-  // Runs a close command after the hop to the desktop when the bar needs one.
+  // Runs a tab command at once, or after the hop back to the desktop while the
+  // bar shows the desktop's tasks on another space.
   void runOnDesktop(std::function<void(AppModel&)> command);
   // The regular applications other than this one, with their window lists.
   std::vector<std::pair<RunningApplication, AXElementList>> applicationsWithWindows();

@@ -180,6 +180,10 @@ AXError SimAccessibility::setAttribute(const AXElement& element, std::string_vie
   fields["value"] = jsonOf(value);
   desktop_.logAction("axSet", std::move(fields));
   if (failsOnWindow(*simElement, attribute)) return AXError::CannotComplete;
+  if (simElement->kind == SimElement::Kind::Window &&
+      desktop_.window(simElement->window)->failingWrites.count(std::string(attribute))) {
+    return AXError::CannotComplete;
+  }
   return write(*simElement, attribute, value);
 }
 

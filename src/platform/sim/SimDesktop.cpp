@@ -488,15 +488,31 @@ void SimDesktop::setMultipleAttributeCallsFail(Pid pid, bool fail) {
   if (SimApp* target = app(pid)) target->multipleAttributeCallsFail = fail;
 }
 
+namespace {
+
+void setMembership(std::set<std::string>& set, const std::string& name, bool member) {
+  if (member) {
+    set.insert(name);
+  } else {
+    set.erase(name);
+  }
+}
+
+}  // namespace
+
 bool SimDesktop::failAttribute(Pid pid, const WindowSelector& selector,
                                const std::string& attribute, bool fail) {
   SimWindow* target = findWindowMutable(pid, selector);
   if (!target) return false;
-  if (fail) {
-    target->failingAttributes.insert(attribute);
-  } else {
-    target->failingAttributes.erase(attribute);
-  }
+  setMembership(target->failingAttributes, attribute, fail);
+  return true;
+}
+
+bool SimDesktop::failAttributeWrite(Pid pid, const WindowSelector& selector,
+                                    const std::string& attribute, bool fail) {
+  SimWindow* target = findWindowMutable(pid, selector);
+  if (!target) return false;
+  setMembership(target->failingWrites, attribute, fail);
   return true;
 }
 

@@ -87,6 +87,7 @@ struct SimWindow {
   std::shared_ptr<SimElement> element;
   std::shared_ptr<SimElement> closeButton;
   std::set<std::string> failingAttributes;
+  std::set<std::string> failingWrites;
   bool listedTwice = false;
 };
 
@@ -208,10 +209,13 @@ class SimDesktop {
   void setAccessibilityGranted(bool granted) { accessibilityGranted_ = granted; }
   void setAppResponding(Pid pid, bool responding);
   void setMultipleAttributeCallsFail(Pid pid, bool fail);
-  // Reads, writes and performances of the named attribute or action on the
-  // window fail.
+  // Reads and writes of the named attribute, or performances of the named
+  // action, on the window fail.
   bool failAttribute(Pid pid, const WindowSelector& selector, const std::string& attribute,
                      bool fail);
+  // Only writes of the attribute fail; it still reads.
+  bool failAttributeWrite(Pid pid, const WindowSelector& selector, const std::string& attribute,
+                          bool fail);
   bool listWindowTwice(Pid pid, const WindowSelector& selector, bool twice);
   // Makes AXObserverCreate, or the registration of one notification, fail with
   // `error` for an application; no error restores the normal behaviour.
