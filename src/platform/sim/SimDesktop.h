@@ -174,6 +174,9 @@ class SimDesktop {
   void startScreenSaver();
   void stopScreenSaver();
 
+  // The space that windows without one of their own stand on, before anything runs.
+  void setCurrentSpace(std::string space) { currentSpace_ = std::move(space); }
+
   // Faults.
   void setAccessibilityGranted(bool granted) { accessibilityGranted_ = granted; }
   void setAppResponding(Pid pid, bool responding);
