@@ -23,10 +23,6 @@ std::string describeType(const Json& value) {
   }
 }
 
-JsonReader objectAt(const Json& value, const std::string& place) {
-  return JsonReader(value, place);
-}
-
 JsonReader::JsonReader(const Json& value, std::string place)
     : value_(value), place_(std::move(place)) {
   if (!value_.is_object()) {

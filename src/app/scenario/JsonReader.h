@@ -60,7 +60,5 @@ class JsonReader {
 std::string describeType(const Json& value);
 // A fixed-length list of numbers at `place`.
 std::vector<double> numbersAt(const Json& value, const std::string& place, size_t count);
-// A JSON value that must be an object, read strictly.
-JsonReader objectAt(const Json& value, const std::string& place);
 
 }  // namespace tolv::scenario

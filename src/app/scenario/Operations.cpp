@@ -154,13 +154,6 @@ const Operation* findOperation(std::string_view name) {
   return found == operationRegistry().end() ? nullptr : &found->second;
 }
 
-std::vector<std::string> operationNames() {
-  std::vector<std::string> names;
-  for (const auto& [name, operation] : operationRegistry())
-    names.push_back(name);
-  return names;
-}
-
 RunningAppItem resolveTask(const AppModel& model, const Json& given, const std::string& place) {
   const auto& tasks = model.runningApps.get();
   if (given.is_string()) {

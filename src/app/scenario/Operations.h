@@ -87,7 +87,6 @@ struct OperationRegistration {
 };
 
 const Operation* findOperation(std::string_view name);
-std::vector<std::string> operationNames();
 
 // Reads a "call" entry: the name, then "args" in either form, checked against
 // the parameters. Tasks and groups are looked up when the call runs.

@@ -40,14 +40,11 @@ class ScenarioRun {
   // posted, then lets the virtual clock reach `time`.
   void runUntil(double time);
   void runToEnd() { runUntil(scenario_.endTime()); }
-  bool allStepsRan() const { return next_ == scenario_.timeline.size(); }
-  double endTime() const { return scenario_.endTime(); }
   // applicationWillTerminate.
   void terminate();
 
   TextMeasure textMeasure() const;
   sim::SimDesktop& desktop() { return *desktop_; }
-  AppDelegate& delegate() { return *delegate_; }
 
  private:
   Scenario scenario_;

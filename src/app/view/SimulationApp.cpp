@@ -48,7 +48,13 @@ void printCheckpoint(const scenario::OutJson& line,
 
 int runSimulation(int& argc, char** argv, scenario::Scenario scenario,
                   const SimulationOptions& options) {
-  if (options.headless) ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  if (options.headless) {
+    ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  } else {
+    // A live run ends in order, through the delegate's termination.
+    std::signal(SIGINT, requestEnd);
+    std::signal(SIGTERM, requestEnd);
+  }
   qt::ensureApplication(argc, argv);
 
   std::ofstream dump;
@@ -81,8 +87,6 @@ int runSimulation(int& argc, char** argv, scenario::Scenario scenario,
     return 0;
   }
 
-  std::signal(SIGINT, requestEnd);
-  std::signal(SIGTERM, requestEnd);
   QElapsedTimer clock;
   clock.start();
   QTimer driver;
