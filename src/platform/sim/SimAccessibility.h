@@ -53,6 +53,7 @@ class SimAccessibility : public Accessibility {
   int promptCount() const { return promptCount_; }
   // Calls that reached an application or one of its elements.
   int64_t callsFor(Pid pid) const;
+  const std::map<Pid, int64_t>& callsByPid() const { return callsByPid_; }
   // Live observers of an application, and how many of them are scheduled.
   int observerCount(Pid pid) const;
   int scheduledObserverCount(Pid pid) const;

@@ -205,6 +205,9 @@ class SimDesktop {
   // The title and the window-server number of a window, as log entries name it.
   nlohmann::json windowFields(uint64_t window) const;
 
+  // The space that windows without one of their own stand on, before anything runs.
+  void setCurrentSpace(std::string space) { currentSpace_ = std::move(space); }
+
   // Faults.
   void setAccessibilityGranted(bool granted) { accessibilityGranted_ = granted; }
   void setAppResponding(Pid pid, bool responding);

@@ -1,0 +1,62 @@
+// What Tolv left on the desktop: its defaults, its log, the alerts it showed and
+// the platform calls it made.
+
+#include "app/RuntimeIssues.h"
+#include "app/scenario/Checkpoints.h"
+#include "app/scenario/PropertyJson.h"
+#include "app/scenario/RuntimeLogEntries.h"
+#include "platform/sim/SimAccessibility.h"
+#include "platform/sim/SimAlerts.h"
+#include "platform/sim/SimUserDefaults.h"
+
+namespace tolv::scenario {
+namespace {
+
+using Field = std::optional<OutJson>;
+
+OutJson storedDefaults(RunContext& run) {
+  OutJson values = OutJson::object();
+  for (const auto& [key, value] : run.desktop.defaults().values(kTolvBundleIdentifier))
+    values[key] = OutJson(propertyToJson(value));
+  return values;
+}
+
+OutJson logEntries(RunContext& run) {
+  OutJson entries = OutJson::array();
+  FileSystem& files = *run.desktop.platform().fileSystem;
+  auto bytes = files.readFile(runtimeLogPath(files));
+  if (!bytes) return entries;
+  for (const auto& entry : parseRuntimeLog(std::string(bytes->begin(), bytes->end()))) {
+    entries.push_back(OutJson{{"title", entry.title}, {"detail", entry.detail}});
+  }
+  return entries;
+}
+
+OutJson shownAlerts(RunContext& run) {
+  OutJson alerts = OutJson::array();
+  for (const auto& shown : run.desktop.alerts().shown()) {
+    alerts.push_back(OutJson{{"title", shown.alert.title},
+                             {"text", shown.alert.text},
+                             {"buttons", shown.alert.buttons}});
+  }
+  return alerts;
+}
+
+const FieldRegistration kDesktopFields{{
+    {"defaults", [](RunContext& run) -> Field { return storedDefaults(run); }},
+    {"log", [](RunContext& run) -> Field { return logEntries(run); }},
+    {"alerts", [](RunContext& run) -> Field { return shownAlerts(run); }},
+    {"calls", [](RunContext& run) -> Field { return run.desktop.calls().all(); }},
+    // Accessibility calls that reached each application or one of its elements,
+    // by pid: which applications a refresh asked anything.
+    {"accessibilityCallsByApplication",
+     [](RunContext& run) -> Field {
+       OutJson byPid = OutJson::object();
+       for (const auto& [pid, count] : run.desktop.accessibility().callsByPid())
+         byPid[std::to_string(pid)] = count;
+       return byPid;
+     }},
+}};
+
+}  // namespace
+}  // namespace tolv::scenario

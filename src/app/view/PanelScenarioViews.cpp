@@ -1,0 +1,48 @@
+#include "app/view/PanelScenarioViews.h"
+
+#include "platform/qt/QtTextMeasurer.h"
+#include "taskbar/FixedTextMeasurer.h"
+#include "taskbar/view/TaskbarPanelController.h"
+
+namespace tolv {
+
+PanelScenarioViews::PanelScenarioViews() = default;
+PanelScenarioViews::~PanelScenarioViews() = default;
+
+ControllerFactories PanelScenarioViews::controllerFactories(scenario::TextMeasure measure) {
+  if (measure == scenario::TextMeasure::Fixed) {
+    measurer_ = std::make_unique<FixedTextMeasurer>();
+  } else {
+    measurer_ = std::make_unique<qt::QtTextMeasurer>();
+  }
+  ControllerFactories factories;
+  TextMeasurer& measurer = *measurer_;
+  factories.makeTaskbar = [this, &measurer](AppModel& model, AutoHideHooks hooks) {
+    auto controller = std::make_unique<TaskbarPanelController>(model, measurer, std::move(hooks));
+    taskbar_ = controller.get();
+    return controller;
+  };
+  return factories;
+}
+
+std::optional<nlohmann::json> PanelScenarioViews::describePanels() const {
+  if (!taskbar_) return std::nullopt;
+  return taskbar_->describePanels();
+}
+
+std::optional<nlohmann::json> PanelScenarioViews::describeRows() const {
+  if (!taskbar_) return std::nullopt;
+  return taskbar_->describeRows();
+}
+
+const TaskRowLayout* PanelScenarioViews::mainLayout() const {
+  return taskbar_ ? taskbar_->panels().mainLayout() : nullptr;
+}
+
+std::vector<std::string> PanelScenarioViews::saveSnapshots(const std::string& directory,
+                                                           const std::string& checkpoint) const {
+  if (!taskbar_) return {};
+  return taskbar_->saveSnapshots(directory, checkpoint);
+}
+
+}  // namespace tolv
