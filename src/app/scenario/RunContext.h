@@ -15,7 +15,7 @@ namespace tolv::scenario {
 struct RunContext {
   sim::SimDesktop& desktop;
   AppModel& model;
-  const ScenarioViews* views = nullptr;
+  ScenarioViews* views = nullptr;
   std::optional<std::string> snapshotDirectory;
   // Receives each checkpoint's line.
   std::function<void(const nlohmann::ordered_json&)> writeLine;

@@ -8,6 +8,7 @@
 
 #include "app/AppControllers.h"
 #include "app/scenario/DesktopSetup.h"
+#include "platform/Geometry.h"
 
 namespace tolv {
 struct TaskRowLayout;
@@ -28,6 +29,13 @@ class ScenarioViews {
   virtual std::optional<nlohmann::json> describePanels() const = 0;
   virtual std::optional<nlohmann::json> describeRows() const = 0;
   virtual const TaskRowLayout* mainLayout() const = 0;
+  // A click of the pointer at a point of the design's coordinates, through the
+  // panels' hit testing; whether it met a tab. A right click opens its menu.
+  virtual bool click(Point designPoint, bool rightButton) = 0;
+  // The menu the last right click opened and not yet closed.
+  virtual std::optional<nlohmann::json> openMenu() const = 0;
+  // Chooses the open menu's first item of that title; whether there was one.
+  virtual bool chooseMenuItem(const std::string& title) = 0;
   // Saves every panel as DIR/<checkpoint>-<panel>-<screen>.png.
   virtual std::vector<std::string> saveSnapshots(const std::string& directory,
                                                  const std::string& checkpoint) const = 0;

@@ -2,6 +2,7 @@
 
 #include "platform/qt/QtTextMeasurer.h"
 #include "taskbar/FixedTextMeasurer.h"
+#include "taskbar/TaskMenus.h"
 #include "taskbar/view/TaskbarPanelController.h"
 
 namespace tolv {
@@ -37,6 +38,21 @@ std::optional<nlohmann::json> PanelScenarioViews::describeRows() const {
 
 const TaskRowLayout* PanelScenarioViews::mainLayout() const {
   return taskbar_ ? taskbar_->panels().mainLayout() : nullptr;
+}
+
+bool PanelScenarioViews::click(Point designPoint, bool rightButton) {
+  if (!taskbar_) return false;
+  return taskbar_->click(designPoint, rightButton ? MouseButton::Right : MouseButton::Left)
+      .has_value();
+}
+
+std::optional<nlohmann::json> PanelScenarioViews::openMenu() const {
+  if (!taskbar_ || !taskbar_->lastMenu()) return std::nullopt;
+  return menuJson(*taskbar_->lastMenu());
+}
+
+bool PanelScenarioViews::chooseMenuItem(const std::string& title) {
+  return taskbar_ && taskbar_->chooseMenuItem(title);
 }
 
 std::vector<std::string> PanelScenarioViews::saveSnapshots(const std::string& directory,

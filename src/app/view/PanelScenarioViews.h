@@ -20,6 +20,9 @@ class PanelScenarioViews : public scenario::ScenarioViews {
   std::optional<nlohmann::json> describePanels() const override;
   std::optional<nlohmann::json> describeRows() const override;
   const TaskRowLayout* mainLayout() const override;
+  bool click(Point designPoint, bool rightButton) override;
+  std::optional<nlohmann::json> openMenu() const override;
+  bool chooseMenuItem(const std::string& title) override;
   std::vector<std::string> saveSnapshots(const std::string& directory,
                                          const std::string& checkpoint) const override;
 

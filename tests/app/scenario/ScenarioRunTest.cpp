@@ -139,6 +139,13 @@ TEST(ScenarioRun, TasksThatArentThereWhenTheCallRunsStopTheRun) {
             "timeline[0].window: application 502 has no such window");
 }
 
+TEST(ScenarioRun, ClicksAndMenusNeedThePanels) {
+  EXPECT_EQ(runError(withTimeline(R"({ "at": 3, "event": "click", "point": [10, 10] })")),
+            "timeline[0]: this run has no panels to click on");
+  EXPECT_EQ(runError(withTimeline(R"({ "at": 3, "event": "chooseMenuItem", "title": "Close" })")),
+            "timeline[0]: this run has no panels to click on");
+}
+
 TEST(ScenarioRun, AlertsTakeTheOldestQueuedAnswerElseTheirLastButton) {
   // A new window puts itself first in the recents; "Clear" empties them and
   // "Cancel", the last button, keeps them.

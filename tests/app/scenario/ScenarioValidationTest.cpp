@@ -86,10 +86,13 @@ TEST(ScenarioValidation, WindowSelectorsNameExactlyOneWindow) {
 }
 
 TEST(ScenarioValidation, EventsOfFeaturesNotBuiltAreCheckedThenRefused) {
-  EXPECT_EQ(readingError(withTimeline(R"({ "event": "click", "point": [10, 10] })")),
-            "timeline[0].event: \"click\" is not supported yet");
   EXPECT_EQ(readingError(withTimeline(R"({ "event": "click", "point": [10] })")),
             "timeline[0].point: expected a list of 2 numbers");
+  EXPECT_EQ(
+      readingError(withTimeline(R"({ "event": "click", "point": [1, 2], "button": "middle" })")),
+      "timeline[0].button: expected \"left\" or \"right\"");
+  EXPECT_EQ(readingError(withTimeline(R"({ "event": "chooseMenuItem" })")),
+            "timeline[0].title: missing");
   EXPECT_EQ(readingError(withTimeline(R"({ "event": "key", "key": "tab", "phase": "hold" })")),
             "timeline[0].phase: expected \"press\", \"down\" or \"up\"");
   EXPECT_EQ(readingError(withTimeline(R"({ "event": "setBadge", "name": "Mail", "label": "3" })")),

@@ -1,5 +1,5 @@
-// What Tolv left on the desktop: its defaults, its log, the alerts it showed and
-// the platform calls it made.
+// What Tolv left on the desktop: its defaults, its log, the alerts it showed,
+// what it did to other applications and the platform calls it made.
 
 #include "app/RuntimeIssues.h"
 #include "app/scenario/Checkpoints.h"
@@ -42,10 +42,24 @@ OutJson shownAlerts(RunContext& run) {
   return alerts;
 }
 
+// Each command as { "time", "kind", ... }, the rest of its fields in name order.
+OutJson actions(RunContext& run) {
+  OutJson entries = OutJson::array();
+  for (const auto& action : run.desktop.actionLog()) {
+    OutJson entry{{"time", action.at("time")}, {"kind", action.at("kind")}};
+    for (const auto& [key, value] : action.items()) {
+      if (key != "time" && key != "kind") entry[key] = OutJson(value);
+    }
+    entries.push_back(std::move(entry));
+  }
+  return entries;
+}
+
 const FieldRegistration kDesktopFields{{
     {"defaults", [](RunContext& run) -> Field { return storedDefaults(run); }},
     {"log", [](RunContext& run) -> Field { return logEntries(run); }},
     {"alerts", [](RunContext& run) -> Field { return shownAlerts(run); }},
+    {"actions", [](RunContext& run) -> Field { return actions(run); }},
     {"calls", [](RunContext& run) -> Field { return run.desktop.calls().all(); }},
     // Accessibility calls that reached each application or one of its elements,
     // by pid: which applications a refresh asked anything.

@@ -31,6 +31,9 @@ const FieldRegistration kTaskbarFields{{
      [](RunContext& run) {
        return run.views ? fromViews(run.views->describeRows()) : std::nullopt;
      }},
+    // The menu a right click opened, left out when none is open.
+    {"menu",
+     [](RunContext& run) { return run.views ? fromViews(run.views->openMenu()) : std::nullopt; }},
     {"panels",
      [](RunContext& run) {
        return run.views ? fromViews(run.views->describePanels()) : std::nullopt;
