@@ -169,6 +169,23 @@ std::set<std::string> DesktopSetup::spaceIdentifiers() const {
   return uuids;
 }
 
+sim::SimProcessSpec readOtherCopy(JsonReader copy) {
+  sim::SimProcessSpec spec;
+  int64_t pid = copy.requireInteger("pid");
+  if (pid <= 0 || pid > INT32_MAX || pid == sim::SimDesktop::kOwnPid) {
+    copy.fail("pid", "expected a pid other than Tolv's own (" +
+                         std::to_string(sim::SimDesktop::kOwnPid) + ")");
+  }
+  spec.pid = static_cast<Pid>(pid);
+  spec.quitDelay = copy.number("quitDelay").value_or(0);
+  if (spec.quitDelay < 0) copy.fail("quitDelay", "expected seconds, 0 or more");
+  spec.ignoresTerminate = copy.flag("ignoresTerminate").value_or(false);
+  spec.ignoresSignal15 = copy.flag("ignoresSignal15").value_or(false);
+  spec.ownedByOtherUser = copy.flag("otherUser").value_or(false);
+  copy.finish();
+  return spec;
+}
+
 DesktopSetup readDesktop(JsonReader desktop) {
   DesktopSetup setup;
   if (const Json* screens = desktop.take("screens")) {
@@ -232,6 +249,13 @@ DesktopSetup readDesktop(JsonReader desktop) {
     dock->finish();
     setup.dockBadges = std::move(badges);
   }
+  if (desktop.has("otherCopies")) {
+    const Json& copies = listAt(desktop, "otherCopies");
+    for (size_t i = 0; i < copies.size(); ++i) {
+      std::string place = indexed(desktop.placeOf("otherCopies"), i);
+      setup.otherCopies.push_back(readOtherCopy(JsonReader(copies[i], place)));
+    }
+  }
   desktop.finish();
   return setup;
 }
@@ -245,6 +269,8 @@ void buildDesktop(sim::SimDesktop& desktop, const DesktopSetup& setup) {
       desktop.defaults().setValue(domain, key, value);
   }
   desktop.populate(setup.apps);
+  for (const auto& copy : setup.otherCopies)
+    desktop.processes().addProcess(copy);
 }
 
 }  // namespace tolv::scenario

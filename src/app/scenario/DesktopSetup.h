@@ -10,6 +10,7 @@
 #include "platform/PropertyValue.h"
 #include "platform/Screens.h"
 #include "platform/sim/SimDesktop.h"
+#include "platform/sim/SimProcesses.h"
 #include "platform/sim/SimScreens.h"
 
 namespace tolv::scenario {
@@ -35,6 +36,9 @@ struct DesktopSetup {
   std::vector<sim::AppSpec> apps;
   // Present when the Dock runs; its badges by item title.
   std::optional<std::map<std::string, std::string>> dockBadges;
+  // Other copies of Tolv already running, each answering a request to quit as
+  // it is told to.
+  std::vector<sim::SimProcessSpec> otherCopies;
 
   // The space windows stand on when they name none.
   std::string currentSpace() const;

@@ -39,21 +39,26 @@ void ScenarioRun::launch() {
   delegate_->model().makeGroupKey = sequentialGroupKeys();
   context_.reset(new RunContext{*desktop_, delegate_->model(), views_, options_.snapshotDirectory,
                                 options_.writeLine});
+  while (next_ < scenario_.timeline.size() && scenario_.timeline[next_].at <= 0)
+    runNextStep();
   delegate_->applicationDidFinishLaunching();
   desktop_->runLoop().runUntilIdle();
   if (options_.afterStep) options_.afterStep();
 }
 
-void ScenarioRun::runUntil(double time) {
+void ScenarioRun::runNextStep() {
   sim::SimRunLoop& loop = desktop_->runLoop();
-  while (next_ < scenario_.timeline.size() && scenario_.timeline[next_].at <= time) {
-    const TimelineStep& step = scenario_.timeline[next_++];
-    loop.advanceTo(std::max(step.at, loop.now()));
-    step.action(*context_);
-    loop.runUntilIdle();
-    if (options_.afterStep) options_.afterStep();
-  }
-  loop.advanceTo(std::max(time, loop.now()));
+  const TimelineStep& step = scenario_.timeline[next_++];
+  loop.advanceTo(std::max(step.at, loop.now()));
+  step.action(*context_);
+  loop.runUntilIdle();
+  if (options_.afterStep) options_.afterStep();
+}
+
+void ScenarioRun::runUntil(double time) {
+  while (next_ < scenario_.timeline.size() && scenario_.timeline[next_].at <= time)
+    runNextStep();
+  desktop_->runLoop().advanceTo(std::max(time, desktop_->runLoop().now()));
 }
 
 void ScenarioRun::terminate() {

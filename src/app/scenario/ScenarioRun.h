@@ -22,8 +22,9 @@ struct RunOptions {
   std::function<void()> afterStep;
 };
 
-// One run of a scenario: the simulated desktop built from it, the launch
-// sequence over it at virtual time 0, then the timeline. A step's failure (a
+// One run of a scenario: the simulated desktop built from it, the steps at
+// time 0 (so that answers queued there reach the alerts of the launch), the
+// launch sequence at virtual time 0, then the rest of the timeline. A step's failure (a
 // task or window that isn't there when its time comes) is a ScenarioError
 // naming the step.
 class ScenarioRun {
@@ -34,7 +35,8 @@ class ScenarioRun {
   ScenarioRun& operator=(const ScenarioRun&) = delete;
 
   // Builds the desktop, makes the delegate (which loads the settings from the
-  // desktop's defaults) and runs applicationDidFinishLaunching.
+  // desktop's defaults), runs the steps at time 0 and then
+  // applicationDidFinishLaunching.
   void launch();
   // Runs every step due by `time` in order, each followed by the work it
   // posted, then lets the virtual clock reach `time`.
@@ -47,6 +49,9 @@ class ScenarioRun {
   sim::SimDesktop& desktop() { return *desktop_; }
 
  private:
+  // Runs the next step and the work it posted.
+  void runNextStep();
+
   Scenario scenario_;
   ScenarioViews* views_;
   RunOptions options_;

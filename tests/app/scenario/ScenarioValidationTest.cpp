@@ -60,6 +60,15 @@ TEST(ScenarioValidation, ApplicationsMustBeKnownWhenTheEntryRuns) {
             "desktop.apps[1].pid: a second application with pid 5");
 }
 
+TEST(ScenarioValidation, OtherCopiesOfTolvAreOtherProcesses) {
+  EXPECT_EQ(readingError(R"({ "desktop": { "otherCopies": [ { "pid": 99 } ] } })"),
+            "desktop.otherCopies[0].pid: expected a pid other than Tolv's own (99)");
+  EXPECT_EQ(readingError(R"({ "desktop": { "otherCopies": [ { "pid": 7, "quitDelay": -1 } ] } })"),
+            "desktop.otherCopies[0].quitDelay: expected seconds, 0 or more");
+  EXPECT_EQ(readingError(R"({ "desktop": { "otherCopies": [ { "pid": 7, "stubborn": true } ] } })"),
+            "desktop.otherCopies[0].stubborn: unknown key");
+}
+
 TEST(ScenarioValidation, EntriesNameOneKnownKind) {
   EXPECT_EQ(readingError(withTimeline(R"({ "event": "shake" })")),
             "timeline[0].event: unknown event \"shake\"");

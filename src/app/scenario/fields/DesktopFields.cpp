@@ -7,6 +7,7 @@
 #include "app/scenario/RuntimeLogEntries.h"
 #include "platform/sim/SimAccessibility.h"
 #include "platform/sim/SimAlerts.h"
+#include "platform/sim/SimProcesses.h"
 #include "platform/sim/SimUserDefaults.h"
 
 namespace tolv::scenario {
@@ -55,11 +56,23 @@ OutJson actions(RunContext& run) {
   return entries;
 }
 
+// The other copies of Tolv: alive or when they ended, and what reached them.
+OutJson otherCopies(RunContext& run) {
+  OutJson copies = OutJson::array();
+  for (const auto& [pid, process] : run.desktop.processes().processes()) {
+    OutJson copy{{"pid", pid}, {"alive", process.alive}, {"received", process.received}};
+    if (process.endedAt) copy["endedAt"] = *process.endedAt;
+    copies.push_back(std::move(copy));
+  }
+  return copies;
+}
+
 const FieldRegistration kDesktopFields{{
     {"defaults", [](RunContext& run) -> Field { return storedDefaults(run); }},
     {"log", [](RunContext& run) -> Field { return logEntries(run); }},
     {"alerts", [](RunContext& run) -> Field { return shownAlerts(run); }},
     {"actions", [](RunContext& run) -> Field { return actions(run); }},
+    {"otherCopies", [](RunContext& run) -> Field { return otherCopies(run); }},
     {"calls", [](RunContext& run) -> Field { return run.desktop.calls().all(); }},
     // Accessibility calls that reached each application or one of its elements,
     // by pid: which applications a refresh asked anything.
