@@ -15,6 +15,7 @@
 #include "taskbar/view/GroupPopupView.h"
 #include "taskbar/view/QtMenus.h"
 #include "taskbar/view/QtPanelWindow.h"
+#include "taskbar/view/TransientPopup.h"
 #include "taskbar/view/WorkspacePopupView.h"
 
 namespace tolv {
@@ -114,7 +115,10 @@ bool TaskbarPanelController::chooseMenuItem(const std::string& title) {
 
 void TaskbarPanelController::closeGroupPopup() {
   // The popup may be closing from inside its own click.
-  if (popupWindow_) popupWindow_.release()->deleteLater();
+  if (popupWindow_) {
+    popupWindow_->hide();
+    popupWindow_.release()->deleteLater();
+  }
   if (!openGroupPopup_) return;
   model_.setGroupPopupShown(*openGroupPopup_, false, openGroupPopupHoldsOverflow_);
   openGroupPopup_.reset();
@@ -158,7 +162,9 @@ void TaskbarPanelController::showGroupPopup(const TaskbarPanel& panel, const Tab
   } else {
     popupWindow_ = std::move(view);
   }
-  popupWindow_->setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+  makeTransientPopup(*popupWindow_, [this, window = popupWindow_.get()] {
+    if (popupWindow_.get() == window) closeGroupPopup();
+  });
   popupWindow_->setWindowOpacity(content.windowAlpha);
   popupWindow_->resize(size);
 
@@ -199,7 +205,9 @@ void TaskbarPanelController::showWorkspacePanel(const TaskbarPanel& panel, const
         clickWorkspacePanel(row, part, button);
         if (button == MouseButton::Right) popUpLastMenu();
       });
-  workspacePanel_->setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+  makeTransientPopup(*workspacePanel_, [this, window = workspacePanel_.get()] {
+    if (workspacePanel_.get() == window) closeWorkspacePanel();
+  });
   double top = screens.empty() ? 0.0 : screens.front().frame.maxY();
   workspacePanel_->move(qRound(frame.x), qRound(top - frame.maxY()));
   workspacePanel_->show();
@@ -207,7 +215,10 @@ void TaskbarPanelController::showWorkspacePanel(const TaskbarPanel& panel, const
 
 void TaskbarPanelController::closeWorkspacePanel() {
   // The panel may be closing from inside its own click.
-  if (workspacePanel_) workspacePanel_.release()->deleteLater();
+  if (workspacePanel_) {
+    workspacePanel_->hide();
+    workspacePanel_.release()->deleteLater();
+  }
 }
 
 bool TaskbarPanelController::clickWorkspacePanel(int row, WorkspaceRowPart part,

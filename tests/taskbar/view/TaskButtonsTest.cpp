@@ -173,6 +173,13 @@ TEST_F(TaskButtons, AGroupTabOpensItsPopupUntilPopupsAreDismissed) {
   model.taskbarPopupDismissGeneration = model.taskbarPopupDismissGeneration.get() + 1;
   EXPECT_FALSE(controller->openGroupPopup());
   EXPECT_TRUE(model.openGroupedLists.get().empty());
+  // A click outside makes the toolkit hide the popup; the model follows.
+  ASSERT_TRUE(controller->click(centre("Editor Tabs"), MouseButton::Left));
+  ASSERT_TRUE(controller->groupPopupWindow());
+  controller->groupPopupWindow()->hide();
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(controller->openGroupPopup());
+  EXPECT_TRUE(model.openGroupedLists.get().empty());
   // Mail's group holds one window: its tab acts as the window's.
   ASSERT_TRUE(controller->click(centre("Inbox"), MouseButton::Left));
   EXPECT_EQ(sim.desktop.activePid(), 2);
@@ -233,6 +240,11 @@ TEST_F(TaskButtons, TheWorkspaceButtonTogglesItsListBesideIt) {
 
   ASSERT_TRUE(controller->click(centre("Workspaces"), MouseButton::Left));
   EXPECT_FALSE(controller->workspacePanelShown());
+
+  ASSERT_TRUE(controller->click(centre("Workspaces"), MouseButton::Left));
+  controller->workspacePanelWindow()->hide();
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(controller->workspacePanelShown()) << "a click outside closes the list";
 }
 
 TEST(QtMenus, TheToolkitMenuFollowsTheTreeAndHandsBackTheChosenAction) {
