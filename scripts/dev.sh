@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # One entry point for the two things a developer does:
-#   dev.sh run   set up, build, and run Tolv on the built-in simulated desktop
-#   dev.sh test  set up, build, and run every test (also under ASan + UBSan)
+#   dev.sh run [SCENARIO]  set up, build, and run Tolv on a simulated desktop (the
+#                          built-in demo without a scenario; headless without a display)
+#   dev.sh test            set up, build, and run every test (also under ASan + UBSan)
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -20,6 +21,14 @@ case "${1:-}" in
   run)
     configure_and_build build -DCMAKE_BUILD_TYPE=RelWithDebInfo
     shift
+    if [[ -z "${DISPLAY:-}" && -z "${WAYLAND_DISPLAY:-}" ]]; then
+      # No screen to show the panels on: run headless, print each checkpoint's
+      # tasks and save the panels as pictures.
+      snapshots=build/simulate-snapshots
+      rm -rf "$snapshots"
+      echo "No display: running headless; pictures go to $snapshots/"
+      exec build/tolv --simulate "$@" --headless --snapshot "$snapshots"
+    fi
     exec build/tolv --simulate "$@"
     ;;
   test)

@@ -1,52 +1,95 @@
-// The entry point: `tolv --simulate` runs Tolv over the built-in simulated desktop.
+// The entry point: `tolv --simulate [SCENARIO]` runs Tolv over the simulated
+// desktop, live or headless; the live desktop comes with its backend.
 
 #include <cstdio>
 #include <cstring>
-#include <set>
+#include <optional>
 #include <string>
 
-#include "model/AppModel.h"
+#include "app/scenario/Scenario.h"
+#include "app/view/SimulationApp.h"
 #include "platform/sim/DemoDesktop.h"
-#include "platform/sim/SimDesktop.h"
 
 namespace {
 
-int runDemo() {
-  tolv::sim::SimDesktop desktop;
-  desktop.populate(tolv::sim::demoApplications());
-  auto model = tolv::AppModel::make(desktop.platform());
-
-  std::set<tolv::Pid> seen;
-  auto apps = model->listRegularApplications(tolv::sim::SimDesktop::kOwnPid, seen);
-  std::printf("Tolv %s on the simulated desktop: %zu applications\n", TOLV_VERSION, apps.size());
-  for (const auto& app : apps) {
-    for (const auto& item : model->scanApplicationWindows(app, false, false)) {
-      if (model->isBlacklisted(item.name)) continue;
-      std::printf("  %-28s %-10s %s%s\n", item.id.c_str(), item.appName.c_str(), item.name.c_str(),
-                  item.isActive ? "  (active)" : "");
-    }
-  }
-  return 0;
-}
+constexpr int kUsageStatus = 2;
 
 void printUsage(FILE* out) {
-  std::fprintf(out,
-               "usage: tolv --simulate    run Tolv over the built-in simulated desktop\n"
-               "       tolv --version\n");
+  std::fprintf(
+      out,
+      "usage: tolv --simulate [SCENARIO] [--headless] [--dump OUT.jsonl] [--snapshot DIR]\n"
+      "       tolv --help\n"
+      "       tolv --version\n"
+      "\n"
+      "  --simulate [SCENARIO]  run over a simulated desktop: the scenario file's, else\n"
+      "                         the built-in demo desktop\n"
+      "  --headless             run on the virtual clock to the scenario's end, offscreen\n"
+      "  --dump OUT.jsonl       write one JSON line per checkpoint (without it a headless\n"
+      "                         run prints each checkpoint's tasks)\n"
+      "  --snapshot DIR         save every panel at every checkpoint as\n"
+      "                         DIR/<checkpoint>-<panel>-<screen>.png\n");
 }
+
+int usageError(const std::string& problem) {
+  std::fprintf(stderr, "tolv: %s\nTry 'tolv --help' for more information.\n", problem.c_str());
+  return kUsageStatus;
+}
+
+struct CommandLine {
+  bool simulate = false;
+  std::optional<std::string> scenarioPath;
+  tolv::SimulationOptions simulation;
+};
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc == 2 && std::strcmp(argv[1], "--simulate") == 0) return runDemo();
-  if (argc == 2 && std::strcmp(argv[1], "--version") == 0) {
-    std::printf("tolv %s\n", TOLV_VERSION);
-    return 0;
+  CommandLine command;
+  for (int i = 1; i < argc; ++i) {
+    std::string argument = argv[i];
+    auto value = [&]() -> std::optional<std::string> {
+      if (i + 1 >= argc) return std::nullopt;
+      return std::string(argv[++i]);
+    };
+    if (argument == "--help" || argument == "-h") {
+      printUsage(stdout);
+      return 0;
+    } else if (argument == "--version") {
+      std::printf("tolv %s\n", TOLV_VERSION);
+      return 0;
+    } else if (argument == "--simulate") {
+      command.simulate = true;
+      if (i + 1 < argc && std::strncmp(argv[i + 1], "--", 2) != 0) command.scenarioPath = argv[++i];
+    } else if (argument == "--headless") {
+      command.simulation.headless = true;
+    } else if (argument == "--dump") {
+      command.simulation.dumpPath = value();
+      if (!command.simulation.dumpPath) return usageError("--dump needs a file");
+    } else if (argument == "--snapshot") {
+      command.simulation.snapshotDirectory = value();
+      if (!command.simulation.snapshotDirectory) return usageError("--snapshot needs a folder");
+    } else {
+      return usageError("unknown option '" + argument + "'");
+    }
   }
-  if (argc == 2 && std::strcmp(argv[1], "--help") == 0) {
-    printUsage(stdout);
-    return 0;
+  if (!command.simulate) {
+    if (command.simulation.headless || command.simulation.dumpPath ||
+        command.simulation.snapshotDirectory) {
+      return usageError("--headless, --dump and --snapshot go with --simulate");
+    }
+    std::fprintf(stderr,
+                 "tolv: the live desktop isn't supported in this build yet; "
+                 "run 'tolv --simulate' for the simulated desktop\n");
+    return 1;
   }
-  printUsage(stderr);
-  return 2;
+
+  try {
+    tolv::scenario::Scenario scenario =
+        command.scenarioPath ? tolv::scenario::loadScenarioFile(*command.scenarioPath)
+                             : tolv::scenario::parseScenario(tolv::sim::demoScenario());
+    return tolv::runSimulation(argc, argv, std::move(scenario), command.simulation);
+  } catch (const tolv::scenario::ScenarioError& error) {
+    std::fprintf(stderr, "tolv: %s\n", error.what());
+    return tolv::scenario::kScenarioErrorStatus;
+  }
 }

@@ -1,4 +1,5 @@
-// Tasks of an application that has ended leave every table at once.
+// Tasks that are gone, closed or of an application that has ended, leave
+// every table at once.
 
 #include <algorithm>
 
@@ -11,11 +12,13 @@ void AppModel::forgetTasksOfProcess(Pid pid) {
   for (const auto& item : runningApps.get()) {
     if (item.processIdentifier == pid) doomed.insert(item.id);
   }
-  if (doomed.empty()) return;
+  if (!doomed.empty()) forgetTasks(doomed);
+}
 
-  auto isDoomed = [&](const RunningAppItem& item) { return doomed.count(item.id) > 0; };
-  auto isDoomedID = [&](const std::string& id) { return doomed.count(id) > 0; };
-  auto isDoomedKey = [&](const auto& entry) { return doomed.count(entry.first) > 0; };
+void AppModel::forgetTasks(const std::set<std::string>& taskIDs) {
+  auto isDoomed = [&](const RunningAppItem& item) { return taskIDs.count(item.id) > 0; };
+  auto isDoomedID = [&](const std::string& id) { return taskIDs.count(id) > 0; };
+  auto isDoomedKey = [&](const auto& entry) { return taskIDs.count(entry.first) > 0; };
   std::vector<RunningAppItem> remaining = runningApps.get();
   std::erase_if(remaining, isDoomed);
   assignRunningApps(std::move(remaining));

@@ -301,6 +301,60 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   std::map<std::string, std::string> liveTabColors;
   std::set<std::string> manualLiveColorIDs;
 
+  // ---- Task arrangement: window commands (arrangement/) ---------------------------------
+  // Raises a window by accessibility and, unless disableFrontmostAttribute is
+  // set, makes its application frontmost. Failures are ignored.
+  void raiseWindow(const AXElement& window, Pid pid);
+  // Writes an activation into the model without waiting for a scan: the task
+  // alone is active in the published list, the scanned list and its
+  // application's cache.
+  void applyArtificialActivation(const RunningAppItem& task);
+  // After a command that made the task active: at once with
+  // artificialTabActivation, otherwise by the action refresh.
+  void reportTaskActivated(const RunningAppItem& task);
+  // The task's window among the remembered and the freshly listed windows of
+  // its application, so that a window the fresh list omits is still found.
+  std::optional<AXElement> resolveObservedAXWindow(const RunningAppItem& task);
+  // The task's window in one fresh read of its application's window list.
+  std::optional<AXElement> resolveFreshAXWindow(const RunningAppItem& task);
+
+  // A click on a tab: brings the window forward, or minimises it when it is
+  // active already and minimising is allowed.
+  void activateTask(const RunningAppItem& task, bool allowMinimise);
+  void bringWindowForward(const RunningAppItem& task);
+  void activateGroup(const RunningAppGroup& group);
+  void minimizeTask(const RunningAppItem& task);
+  // Hides or minimises as hideAllUsing says.
+  void hideOrMinimizeTask(const RunningAppItem& task);
+  void minimizeGroup(const RunningAppGroup& group);
+  // The window fills the visible frame of its screen, or 75% of it at its top left.
+  void maximizeTask(const RunningAppItem& task);
+  void restoreTaskSize(const RunningAppItem& task);
+  // Brings the window forward, then a second later presses Function-F.
+  void toggleFullScreen(const RunningAppItem& task);
+  // Presses the window's close button; a closed window leaves the model at once.
+  void closeTask(const RunningAppItem& task);
+  // The close commands as the bar runs them: while the bar shows the desktop's
+  // tasks on another space, the desktop is brought back first and the command
+  // runs 0.35 seconds later.
+  void closeTaskOnDesktop(const RunningAppItem& task);
+  void closeGroupWindowsOnDesktop(const RunningAppGroup& group);
+  void closeCustomGroupOnDesktop(const RunningAppGroup& group);
+  void closeGroupWindows(const RunningAppGroup& group);
+  // Closes the windows of a custom group and dissolves it.
+  void closeCustomGroup(const RunningAppGroup& group);
+  // Terminates the task's application; the Finder only loses its windows.
+  void quitTaskApplication(const RunningAppItem& task);
+  // Asks first; whether the user went on.
+  bool confirmQuitTaskApplication(const RunningAppItem& task);
+  // Over every regular application but this one.
+  void hideAllApplications();
+  void hideAllWindows();
+  void closeAllWindows();
+  // Tasks that are gone leave the task lists, the order, the groups and the
+  // colours at once; the order and the group state are written.
+  void forgetTasks(const std::set<std::string>& taskIDs);
+
   // ---- Workspaces (workspaces/) ------------------------------------------------------------
   // The Mission Control spaces of the main display as tasks.
   Published<std::vector<ManagedWorkspaceTask>> managedWorkspaceTasks;
@@ -319,6 +373,8 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   void restoreWorkspaceTaskbarState(std::vector<RunningAppItem>& items);
   void restoreWorkspaceColors(const std::vector<RunningAppItem>& items);
   void continuePendingSwitch();
+  // The one way to jump to a space.
+  void requestWorkspaceSwitch(const ManagedWorkspaceTask& task);
 
   // ---- Switcher (switcher/) ------------------------------------------------------------------
   // Tasks and groups the user put first in the switcher; pruned with the task list.
@@ -365,6 +421,29 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   // The overflow cards switch between hiding themselves and not.
   void taskbarOverflowAutoHideChanged();
 
+  // ---- Taskbar shell: task buttons and menus (taskbar/) ------------------------------------
+  // Whether a badge may show on the application's tabs: the attention setting,
+  // the badge style and the application list with its policy.
+  bool badgeAllowed(const RunningAppItem& item) const;
+  // Some window of the group has a badge that may show.
+  bool groupBadgeAllowed(const RunningAppGroup& group) const;
+  // The colour a tab shows, by its key, until the colour rules arrive: the live colour.
+  std::optional<std::string> tabColorName(const std::string& key) const;
+  // Activates the task, first bringing back the desktop when the bar shows the
+  // desktop's tasks on another space; an active task is minimised unless
+  // `noMinimise` holds.
+  void activateTaskOnDesktop(const RunningAppItem& task, bool noMinimise);
+  void hideOrMinimizeTaskOnDesktop(const RunningAppItem& task);
+  // A group's popup opened or closed: the open lists follow, and a popup of an
+  // overflow row holds the overflow cards open while it is shown.
+  void setGroupPopupShown(const std::string& groupID, bool shown, bool holdsOverflow);
+  // Closes the settings panel; set by whoever shows it.
+  std::function<void()> settingsCloseHandler;
+  // Adding one closes every open group popup.
+  Published<int64_t> taskbarPopupDismissGeneration{0};
+  // A group popup of an overflow row holds the overflow cards open.
+  Published<bool> overflowHeldByGroupPopup{false};
+
   // ---- Application lifecycle (app/) -----------------------------------------------------
   // The one way alerts are shown; 1000 answers the first button.
   AlertResult presentAlert(const Alert& alert, bool centred, double fraction);
@@ -406,6 +485,19 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
 
   // Runs `work` later on the main queue, unless the model is gone by then.
   void postAfter(double delay, std::function<void(AppModel&)> work);
+
+  // Window commands: one read of an application's AXWindows.
+  std::optional<AXElementList> copyAXWindows(Pid pid);
+  // The window's frame on its screen's visible frame, scaled.
+  void fitTaskToVisibleFrame(const RunningAppItem& task, double fraction);
+  // Reads and presses the window's close button; whether the press went through.
+  bool pressCloseButton(const AXElement& window);
+  bool closeTaskWindow(const RunningAppItem& task);
+  // Runs a tab command at once, or after the hop back to the desktop while the
+  // bar shows the desktop's tasks on another space.
+  void runOnDesktop(std::function<void(AppModel&)> command);
+  // The regular applications other than this one, with their window lists.
+  std::vector<std::pair<RunningApplication, AXElementList>> applicationsWithWindows();
 
   Platform platform_;
   Defaults defaults_;

@@ -109,6 +109,10 @@ inline constexpr const char* CloseButton = "AXCloseButton";
 inline constexpr const char* Frontmost = "AXFrontmost";
 inline constexpr const char* WindowRole = "AXWindow";
 
+// Actions.
+inline constexpr const char* RaiseAction = "AXRaise";
+inline constexpr const char* PressAction = "AXPress";
+
 // Notifications that observers register for.
 inline constexpr const char* WindowCreatedNotification = "AXWindowCreated";
 inline constexpr const char* FocusedWindowChangedNotification = "AXFocusedWindowChanged";

@@ -55,6 +55,13 @@ class Accessibility {
   virtual uint64_t hash(const AXElement& element) = 0;
   virtual bool equal(const AXElement& a, const AXElement& b) = 0;
 
+  // Writes an attribute: a bool (AXMinimized, AXFrontmost), a point
+  // (AXPosition) or a size (AXSize), the latter two as AXValueCreate wraps them.
+  virtual AXError setAttribute(const AXElement& element, std::string_view attribute,
+                               const AXValue& value) = 0;
+  // Performs an action (AXRaise on a window, AXPress on a button).
+  virtual AXError performAction(const AXElement& element, std::string_view action) = 0;
+
   // The window-server number of a window element; 0 or nothing when unknown.
   virtual std::optional<uint32_t> windowNumber(const AXElement& window) = 0;
 

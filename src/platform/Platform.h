@@ -6,6 +6,7 @@
 #include "platform/FileSystem.h"
 #include "platform/HotKeys.h"
 #include "platform/Images.h"
+#include "platform/Input.h"
 #include "platform/NotificationCenter.h"
 #include "platform/Pointer.h"
 #include "platform/Processes.h"
@@ -37,6 +38,7 @@ struct Platform {
   NotificationCenter* distributedNotificationCenter = nullptr;
   Processes* processes = nullptr;
   HotKeys* hotKeys = nullptr;
+  Input* input = nullptr;
 };
 
 }  // namespace tolv

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -35,6 +36,13 @@ struct BundleInfo {
   std::string path;
 };
 
+// Options of activateWithOptions: all windows of the application come forward,
+// or only its key window (no option).
+namespace activation_option {
+inline constexpr uint32_t None = 0;
+inline constexpr uint32_t AllWindows = 1;
+}  // namespace activation_option
+
 // Names of the workspace centre's notifications.
 namespace workspace_notification {
 inline constexpr const char* DidLaunchApplication = "NSWorkspaceDidLaunchApplicationNotification";
@@ -62,6 +70,17 @@ class Workspace {
   // In the workspace's own order.
   virtual std::vector<RunningApplication> runningApplications() = 0;
   virtual Pid ownProcessIdentifier() = 0;
+  // The running application of a process; nothing once it has ended
+  // (NSRunningApplication runningApplicationWithProcessIdentifier:).
+  virtual std::optional<RunningApplication> runningApplication(Pid pid) = 0;
+
+  // What NSRunningApplication does to a running application. Each answers
+  // false when the process is gone or refuses.
+  virtual bool activate(Pid pid, uint32_t options) = 0;  // activateWithOptions:
+  virtual bool hide(Pid pid) = 0;
+  virtual bool unhide(Pid pid) = 0;
+  // Asks the application to quit, as its own Quit command would.
+  virtual bool terminate(Pid pid) = 0;
   // Delivers the workspace notifications on the main queue.
   virtual NotificationCenter& notificationCenter() = 0;
 

@@ -145,16 +145,13 @@ TaskbarDrawing drawTaskbar(const TaskbarDrawingInput& input) {
     const TaskbarEntry& entry = layout.entries[index];
     TabDrawing tab;
     tab.id = entry.id;
+    tab.entryIndex = index;
     tab.title = entryTitle(entry).value_or(std::string());
-    tab.isGroup = entry.group.has_value();
     if (entry.group) {
       tab.icon = entry.group->icon;
       tab.glyph = entry.group->customIconGlyph;
-      tab.isActive = std::any_of(entry.group->windows.begin(), entry.group->windows.end(),
-                                 [](const RunningAppItem& w) { return w.isActive; });
     } else if (entry.item) {
       tab.icon = entry.item->icon;
-      tab.isActive = entry.item->isActive;
     }
     tab.row = row;
     tab.frame = band.place(u, v, width, kTabHeight);

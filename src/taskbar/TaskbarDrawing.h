@@ -8,6 +8,7 @@
 #include "platform/Geometry.h"
 #include "platform/Image.h"
 #include "taskbar/ContentTransform.h"
+#include "taskbar/TabAppearance.h"
 #include "taskbar/TaskRowLayout.h"
 
 namespace tolv {
@@ -28,15 +29,15 @@ struct InnerCorner {
 
 struct TabDrawing {
   std::string id;
+  size_t entryIndex = 0;  // in the layout's entries
   std::string title;
   Image icon;
   std::optional<std::string> glyph;  // a custom group's icon text
-  bool isGroup = false;
-  bool isActive = false;
-  int row = 0;  // 0 for the primary row, else the overflow row's id
+  int row = 0;                       // 0 for the primary row, else the overflow row's id
   Rect frame;
   // False while the tab's card is tucked away behind the primary row.
   bool shown = true;
+  TabAppearance look;
 };
 
 struct CardDrawing {
@@ -60,7 +61,9 @@ struct TaskbarDrawing {
   std::optional<Rect> stackBackground;
   std::optional<Rect> lockMarker;
   std::vector<TabDrawing> tabs;  // furthest row first, the primary row last
-  ContentTransform toPanel;      // from content to the panel's own coordinates
+  // Where the plea to grant accessibility stands, behind the settings tab.
+  std::optional<Rect> accessibilityNotice;
+  ContentTransform toPanel;  // from content to the panel's own coordinates
 };
 
 struct TaskbarDrawingInput {

@@ -4,6 +4,7 @@
 
 #include "model/AppModel.h"
 #include "taskbar/PanelGeometry.h"
+#include "taskbar/TabFacts.h"
 #include "taskbar/TaskbarLocation.h"
 #include "taskbar/TaskbarNotifications.h"
 
@@ -48,6 +49,9 @@ TaskbarPanels::TaskbarPanels(AppModel& model, PanelWindowFactory& factory, TextM
   subscriptions_.push_back(model_.taskWidthOverrides.subscribe(refresh));
   subscriptions_.push_back(model_.taskbarOverflowReturnLocked.subscribe(refresh));
   subscriptions_.push_back(model_.taskRowsExpanded.subscribe(refresh));
+  subscriptions_.push_back(model_.activeBlueStripWindowID.subscribe(refresh));
+  subscriptions_.push_back(model_.previousWindowIDsByApplication.subscribe(refresh));
+  subscriptions_.push_back(model_.accessibilityTrusted.subscribe(refresh));
   subscriptions_.push_back(model_.modelChanged.subscribe([this] {
     noticeSettings();
     refreshContent();
@@ -204,6 +208,7 @@ void TaskbarPanels::refreshContent() {
       input.backgroundEnabled = settings.overflowBackgroundEnabled;
       input.returnLocked = model_.taskbarOverflowReturnLocked;
       panel->drawing = drawTaskbar(input);
+      decorateTabs(model_, panel->layout, panel->drawing);
     }
   } while (refreshAgain_ && ++rounds < kMaximumRefreshRounds);
   refreshing_ = false;

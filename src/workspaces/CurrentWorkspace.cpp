@@ -53,4 +53,6 @@ void AppModel::restoreWorkspaceColors(const std::vector<RunningAppItem>& /*items
 
 void AppModel::continuePendingSwitch() {}
 
+void AppModel::requestWorkspaceSwitch(const ManagedWorkspaceTask& /*task*/) {}
+
 }  // namespace tolv

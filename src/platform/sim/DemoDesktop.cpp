@@ -2,40 +2,39 @@
 
 namespace tolv::sim {
 
-namespace {
-WindowSpec window(std::string title, bool focused = false) {
-  WindowSpec spec;
-  spec.title = std::move(title);
-  spec.focused = focused;
-  return spec;
-}
-
-AppSpec app(Pid pid, std::string bundle, std::string name, std::vector<WindowSpec> windows) {
-  AppSpec spec;
-  spec.pid = pid;
-  spec.bundleIdentifier = std::move(bundle);
-  spec.name = std::move(name);
-  spec.bundleURL = "/Applications/" + *spec.name + ".app";
-  spec.windows = std::move(windows);
-  return spec;
-}
-}  // namespace
-
-std::vector<AppSpec> demoApplications() {
-  AppSpec finder =
-      app(301, "com.apple.finder", "Finder", {window("Documents"), window("Downloads")});
-  finder.bundleURL = "/System/Library/CoreServices/Finder.app";
-  AppSpec safari =
-      app(501, "com.apple.Safari", "Safari", {window("Apple", true), window("Tolv — Wikipedia")});
-  safari.active = true;
-  AppSpec mail = app(502, "com.apple.mail", "Mail", {window("Inbox – 3 messages")});
-  AppSpec notes = app(503, "com.apple.Notes", "Notes", {window("Shopping list")});
-  AppSpec terminal = app(504, "com.apple.Terminal", "Terminal",
-                         {window("~ — zsh — 80×24"), window("build — make — 120×40")});
-  AppSpec textEdit = app(505, "com.apple.TextEdit", "TextEdit", {window("Untitled 2.txt")});
-  AppSpec menuExtra = app(506, "com.example.Clipper", "Clipper", {});
-  menuExtra.policy = ActivationPolicy::Accessory;
-  return {finder, safari, mail, notes, terminal, textEdit, menuExtra};
+const char* demoScenario() {
+  return R"json({
+  "desktop": {
+    "apps": [
+      { "pid": 301, "bundleIdentifier": "com.apple.finder", "name": "Finder",
+        "bundleURL": "/System/Library/CoreServices/Finder.app",
+        "windows": [ { "title": "Documents" }, { "title": "Downloads" } ] },
+      { "pid": 501, "bundleIdentifier": "com.apple.Safari", "name": "Safari",
+        "bundleURL": "/Applications/Safari.app", "active": true,
+        "windows": [ { "title": "Apple", "focused": true }, { "title": "Tolv — Wikipedia" } ] },
+      { "pid": 502, "bundleIdentifier": "com.apple.mail", "name": "Mail",
+        "bundleURL": "/Applications/Mail.app",
+        "windows": [ { "title": "Inbox – 3 messages" } ] },
+      { "pid": 503, "bundleIdentifier": "com.apple.Notes", "name": "Notes",
+        "bundleURL": "/Applications/Notes.app",
+        "windows": [ { "title": "Shopping list" } ] },
+      { "pid": 504, "bundleIdentifier": "com.apple.Terminal", "name": "Terminal",
+        "bundleURL": "/Applications/Terminal.app",
+        "windows": [ { "title": "~ — zsh — 80×24" }, { "title": "build — make — 120×40" } ] },
+      { "pid": 505, "bundleIdentifier": "com.apple.TextEdit", "name": "TextEdit",
+        "bundleURL": "/Applications/TextEdit.app",
+        "windows": [ { "title": "Untitled 2.txt" } ] },
+      { "pid": 506, "bundleIdentifier": "com.example.Clipper", "name": "Clipper",
+        "bundleURL": "/Applications/Clipper.app", "policy": "accessory" }
+    ]
+  },
+  "timeline": [
+    { "at": 3.0, "checkpoint": "desktop" },
+    { "at": 6.0, "event": "openWindow", "pid": 502, "window": { "title": "New Message", "focused": true } },
+    { "at": 6.0, "event": "activateApp", "pid": 502 },
+    { "at": 9.0, "checkpoint": "new-message" }
+  ]
+})json";
 }
 
 }  // namespace tolv::sim

@@ -1,13 +1,10 @@
 #pragma once
 
-#include <vector>
-
-#include "platform/sim/SimDesktop.h"
-
 namespace tolv::sim {
 
-// The desktop `tolv --simulate` shows without a scenario: a few everyday
-// applications with their windows.
-std::vector<AppSpec> demoApplications();
+// The scenario `tolv --simulate` runs without a file: a few everyday
+// applications with their windows, a new mail window a few seconds in, and a
+// checkpoint before and after it.
+const char* demoScenario();
 
 }  // namespace tolv::sim

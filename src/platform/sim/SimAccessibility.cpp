@@ -96,9 +96,10 @@ AXValue SimAccessibility::read(const SimElement& element, std::string_view attri
             return AXElement(window->element);
           }
         }
-        auto listed = desktop_.listedWindows(element.pid);
-        if (listed.empty()) return AXError::NoValue;
-        return AXElement(listed.front()->element);
+        for (const SimWindow* window : desktop_.listedWindows(element.pid)) {
+          if (!window->spec.minimized) return AXElement(window->element);
+        }
+        return AXError::NoValue;
       }
       if (attribute == ax::Title) return app.spec.name.value_or("");
       if (attribute == ax::Role) return std::string("AXApplication");
@@ -149,6 +150,93 @@ std::optional<std::vector<AXValue>> SimAccessibility::copyMultipleAttributes(
   for (const auto& attribute : attributes)
     values.push_back(read(*simElement, attribute));
   return values;
+}
+
+bool SimAccessibility::failsOnWindow(const SimElement& element, std::string_view name) const {
+  if (element.kind == SimElement::Kind::Application) return false;
+  return desktop_.window(element.window)->failingAttributes.count(std::string(name)) > 0;
+}
+
+namespace {
+
+nlohmann::json jsonOf(const AXValue& value) {
+  if (auto flag = axBool(value)) return *flag;
+  if (auto point = axPoint(value)) return {{"x", point->x}, {"y", point->y}};
+  if (auto size = axSize(value)) return {{"width", size->width}, {"height", size->height}};
+  return nullptr;
+}
+
+}  // namespace
+
+AXError SimAccessibility::setAttribute(const AXElement& element, std::string_view attribute,
+                                       const AXValue& value) {
+  const auto* simElement = element.as<SimElement>();
+  count("accessibility.setAttribute", simElement);
+  if (auto failure = callFailure(simElement)) return *failure;
+  nlohmann::json fields = simElement->kind == SimElement::Kind::Application
+                              ? nlohmann::json{{"pid", simElement->pid}}
+                              : desktop_.windowFields(simElement->window);
+  fields["attribute"] = std::string(attribute);
+  fields["value"] = jsonOf(value);
+  desktop_.logAction("axSet", std::move(fields));
+  if (failsOnWindow(*simElement, attribute)) return AXError::CannotComplete;
+  if (simElement->kind == SimElement::Kind::Window &&
+      desktop_.window(simElement->window)->failingWrites.count(std::string(attribute))) {
+    return AXError::CannotComplete;
+  }
+  return write(*simElement, attribute, value);
+}
+
+AXError SimAccessibility::write(const SimElement& element, std::string_view attribute,
+                                const AXValue& value) {
+  if (element.kind == SimElement::Kind::CloseButton) return AXError::AttributeUnsupported;
+  if (element.kind == SimElement::Kind::Application) {
+    if (attribute != ax::Frontmost) return AXError::AttributeUnsupported;
+    auto frontmost = axBool(value);
+    if (!frontmost) return AXError::IllegalArgument;
+    if (*frontmost) desktop_.activateApp(element.pid);
+    return AXError::Success;
+  }
+  if (attribute == ax::Minimized) {
+    auto minimized = axBool(value);
+    if (!minimized) return AXError::IllegalArgument;
+    desktop_.setWindowMinimized(element.window, *minimized);
+    return AXError::Success;
+  }
+  if (attribute == ax::Position) {
+    auto position = axPoint(value);
+    if (!position) return AXError::IllegalArgument;
+    desktop_.moveWindow(element.window, *position);
+    return AXError::Success;
+  }
+  if (attribute == ax::Size) {
+    auto size = axSize(value);
+    if (!size) return AXError::IllegalArgument;
+    desktop_.resizeWindow(element.window, *size);
+    return AXError::Success;
+  }
+  return AXError::AttributeUnsupported;
+}
+
+AXError SimAccessibility::performAction(const AXElement& element, std::string_view action) {
+  const auto* simElement = element.as<SimElement>();
+  count("accessibility.performAction", simElement);
+  if (auto failure = callFailure(simElement)) return *failure;
+  nlohmann::json fields = simElement->kind == SimElement::Kind::Application
+                              ? nlohmann::json{{"pid", simElement->pid}}
+                              : desktop_.windowFields(simElement->window);
+  fields["action"] = std::string(action);
+  desktop_.logAction("axAction", std::move(fields));
+  if (failsOnWindow(*simElement, action)) return AXError::CannotComplete;
+  if (simElement->kind == SimElement::Kind::Window && action == ax::RaiseAction) {
+    desktop_.raiseWindow(simElement->window);
+    return AXError::Success;
+  }
+  if (simElement->kind == SimElement::Kind::CloseButton && action == ax::PressAction) {
+    desktop_.removeWindow(simElement->window);
+    return AXError::Success;
+  }
+  return AXError::ActionUnsupported;
 }
 
 uint64_t SimAccessibility::hash(const AXElement& element) {

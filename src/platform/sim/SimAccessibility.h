@@ -26,6 +26,9 @@ class SimAccessibility : public Accessibility {
   AXValue copyAttribute(const AXElement& element, std::string_view attribute) override;
   std::optional<std::vector<AXValue>> copyMultipleAttributes(
       const AXElement& element, const std::vector<std::string>& attributes) override;
+  AXError setAttribute(const AXElement& element, std::string_view attribute,
+                       const AXValue& value) override;
+  AXError performAction(const AXElement& element, std::string_view action) override;
   uint64_t hash(const AXElement& element) override;
   bool equal(const AXElement& a, const AXElement& b) override;
   std::optional<uint32_t> windowNumber(const AXElement& window) override;
@@ -50,6 +53,7 @@ class SimAccessibility : public Accessibility {
   int promptCount() const { return promptCount_; }
   // Calls that reached an application or one of its elements.
   int64_t callsFor(Pid pid) const;
+  const std::map<Pid, int64_t>& callsByPid() const { return callsByPid_; }
   // Live observers of an application, and how many of them are scheduled.
   int observerCount(Pid pid) const;
   int scheduledObserverCount(Pid pid) const;
@@ -61,6 +65,8 @@ class SimAccessibility : public Accessibility {
   // The error that every call on this element gives now, if any.
   std::optional<AXError> callFailure(const SimElement* element) const;
   AXValue read(const SimElement& element, std::string_view attribute) const;
+  AXError write(const SimElement& element, std::string_view attribute, const AXValue& value);
+  bool failsOnWindow(const SimElement& element, std::string_view name) const;
   void count(const char* operation, const SimElement* element);
   std::vector<std::shared_ptr<SimObserver>> liveObservers(Pid pid) const;
 

@@ -11,6 +11,7 @@
 #include "platform/sim/SimAlerts.h"
 #include "platform/sim/SimHotKeys.h"
 #include "platform/sim/SimImages.h"
+#include "platform/sim/SimInput.h"
 #include "platform/sim/SimPointer.h"
 #include "platform/sim/SimProcesses.h"
 #include "platform/sim/SimScreens.h"
@@ -31,7 +32,8 @@ SimDesktop::SimDesktop()
       screens_(std::make_unique<SimScreens>(calls_)),
       pointer_(std::make_unique<SimPointer>(calls_)),
       processes_(std::make_unique<SimProcesses>(*runLoop_, calls_, kOwnPid)),
-      hotKeys_(std::make_unique<SimHotKeys>(calls_)) {
+      hotKeys_(std::make_unique<SimHotKeys>(calls_)),
+      input_(std::make_unique<SimInput>(*this, calls_)) {
   alerts_ = std::make_unique<SimAlerts>(screens_.get());
   std::string pattern = (std::filesystem::temp_directory_path() / "tolv-sim-XXXXXX").string();
   if (::mkdtemp(pattern.data())) supportFolder_ = pattern + "/Tolv";
@@ -70,6 +72,7 @@ Platform SimDesktop::platform() {
   platform.distributedNotificationCenter = &distributedCenter_;
   platform.processes = processes_.get();
   platform.hotKeys = hotKeys_.get();
+  platform.input = input_.get();
   return platform;
 }
 
@@ -207,13 +210,91 @@ void SimDesktop::quitApp(Pid pid) {
   postWorkspaceNotification(workspace_notification::DidTerminateApplication, pid);
 }
 
-void SimDesktop::activateApp(Pid pid) {
+void SimDesktop::activateApp(Pid pid, bool allWindows) {
   SimApp* activated = app(pid);
   if (!activated) return;
-  activated->spec.hidden = false;
+  unhideApp(pid);
   activePid_ = pid;
+  if (allWindows) {
+    std::vector<uint64_t> own;
+    for (uint64_t id : stacking_) {
+      if (windows_.at(id).pid == pid) own.push_back(id);
+    }
+    for (auto id = own.rbegin(); id != own.rend(); ++id)
+      bringToFront(*id);
+  }
   if (activated->focusedWindow) bringToFront(*activated->focusedWindow);
   postWorkspaceNotification(workspace_notification::DidActivateApplication, pid);
+}
+
+void SimDesktop::setWindowMinimized(uint64_t id, bool minimized) {
+  auto found = windows_.find(id);
+  if (found == windows_.end() || found->second.spec.minimized == minimized) return;
+  SimWindow& changed = found->second;
+  changed.spec.minimized = minimized;
+  SimApp& owner = *app(changed.pid);
+  if (!minimized) {
+    raiseWindow(id);
+    return;
+  }
+  if (owner.focusedWindow != id) return;
+  std::optional<uint64_t> next;
+  for (uint64_t candidate : stacking_) {
+    const SimWindow& other = windows_.at(candidate);
+    if (other.pid == changed.pid && !other.spec.minimized) {
+      next = candidate;
+      break;
+    }
+  }
+  setFocusedWindow(owner, next);
+}
+
+void SimDesktop::raiseWindow(uint64_t id) {
+  const SimWindow* raised = window(id);
+  if (!raised) return;
+  setFocusedWindow(*app(raised->pid), id);
+  bringToFront(id);
+}
+
+void SimDesktop::moveWindow(uint64_t id, AXPoint position) {
+  if (auto found = windows_.find(id); found != windows_.end())
+    found->second.spec.position = position;
+}
+
+void SimDesktop::resizeWindow(uint64_t id, AXSize size) {
+  if (auto found = windows_.find(id); found != windows_.end()) found->second.spec.size = size;
+}
+
+std::optional<uint64_t> SimDesktop::keyWindow() const {
+  if (!activePid_) return std::nullopt;
+  const SimApp* active = app(*activePid_);
+  if (!active || !active->focusedWindow) return std::nullopt;
+  const SimWindow* focused = window(*active->focusedWindow);
+  if (!focused || focused->spec.minimized) return std::nullopt;
+  return focused->id;
+}
+
+void SimDesktop::toggleFullScreen(uint64_t id) {
+  if (auto found = windows_.find(id); found != windows_.end()) {
+    found->second.spec.fullScreen = !found->second.spec.fullScreen;
+  }
+}
+
+void SimDesktop::logAction(const std::string& kind, nlohmann::json fields) {
+  nlohmann::json entry = {{"time", runLoop_->now()}, {"kind", kind}};
+  entry.update(fields);
+  actionLog_.push_back(std::move(entry));
+}
+
+nlohmann::json SimDesktop::actionLogJson() const {
+  return nlohmann::json(actionLog_);
+}
+
+nlohmann::json SimDesktop::windowFields(uint64_t id) const {
+  const SimWindow* described = window(id);
+  if (!described) return nlohmann::json::object();
+  return {
+      {"pid", described->pid}, {"window", described->spec.title}, {"number", described->number}};
 }
 
 void SimDesktop::hideApp(Pid pid) {
@@ -407,15 +488,31 @@ void SimDesktop::setMultipleAttributeCallsFail(Pid pid, bool fail) {
   if (SimApp* target = app(pid)) target->multipleAttributeCallsFail = fail;
 }
 
+namespace {
+
+void setMembership(std::set<std::string>& set, const std::string& name, bool member) {
+  if (member) {
+    set.insert(name);
+  } else {
+    set.erase(name);
+  }
+}
+
+}  // namespace
+
 bool SimDesktop::failAttribute(Pid pid, const WindowSelector& selector,
                                const std::string& attribute, bool fail) {
   SimWindow* target = findWindowMutable(pid, selector);
   if (!target) return false;
-  if (fail) {
-    target->failingAttributes.insert(attribute);
-  } else {
-    target->failingAttributes.erase(attribute);
-  }
+  setMembership(target->failingAttributes, attribute, fail);
+  return true;
+}
+
+bool SimDesktop::failAttributeWrite(Pid pid, const WindowSelector& selector,
+                                    const std::string& attribute, bool fail) {
+  SimWindow* target = findWindowMutable(pid, selector);
+  if (!target) return false;
+  setMembership(target->failingWrites, attribute, fail);
   return true;
 }
 

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include <nlohmann/json.hpp>
+
 #include "platform/AXTypes.h"
 #include "platform/Platform.h"
 #include "platform/sim/CallCounter.h"
@@ -33,6 +35,8 @@ struct WindowSpec {
   // The element's CFHash; a fresh value when absent.
   std::optional<uint64_t> hash;
   bool hasCloseButton = true;
+  // In full screen: the window fills a space of its own.
+  bool fullScreen = false;
 };
 
 struct AppSpec {
@@ -83,6 +87,7 @@ struct SimWindow {
   std::shared_ptr<SimElement> element;
   std::shared_ptr<SimElement> closeButton;
   std::set<std::string> failingAttributes;
+  std::set<std::string> failingWrites;
   bool listedTwice = false;
 };
 
@@ -108,6 +113,7 @@ class SimScreens;
 class SimPointer;
 class SimProcesses;
 class SimHotKeys;
+class SimInput;
 
 // A macOS-like desktop in memory: applications, windows, their accessibility
 // elements and the window server's view of them, user defaults and a virtual
@@ -137,6 +143,7 @@ class SimDesktop {
   SimPointer& pointer() { return *pointer_; }
   SimProcesses& processes() { return *processes_; }
   SimHotKeys& hotKeys() { return *hotKeys_; }
+  SimInput& input() { return *input_; }
   NotificationCenter& notificationCenter() { return notificationCenter_; }
   NotificationCenter& distributedNotificationCenter() { return distributedCenter_; }
   // A temporary folder that stands for Application Support/Tolv; removed with the desktop.
@@ -151,7 +158,9 @@ class SimDesktop {
   // would announce posts its notification on the main queue.
   void launchApp(const AppSpec& spec);
   void quitApp(Pid pid);
-  void activateApp(Pid pid);
+  // Unhides and activates; with all windows every window of the application
+  // comes forward, keeping their order.
+  void activateApp(Pid pid, bool allWindows = false);
   void hideApp(Pid pid);
   void unhideApp(Pid pid);
   uint32_t openWindow(Pid pid, const WindowSpec& spec);
@@ -174,12 +183,42 @@ class SimDesktop {
   void startScreenSaver();
   void stopScreenSaver();
 
+  // What the system does when Tolv tells it to act on a window or an
+  // application. Minimising passes the application's focus to its frontmost
+  // window still shown; restoring brings the window forward with focus.
+  void setWindowMinimized(uint64_t window, bool minimized);
+  // The window becomes its application's focused one and stands in front.
+  void raiseWindow(uint64_t window);
+  void moveWindow(uint64_t window, AXPoint position);
+  void resizeWindow(uint64_t window, AXSize size);
+  // The focused window of the active application, the one keys go to.
+  std::optional<uint64_t> keyWindow() const;
+  void toggleFullScreen(uint64_t window);
+
+  // Every command Tolv gave other applications and the system, in order: each
+  // entry { "time", "kind", ... } with the kinds "axAction", "axSet", "keys",
+  // "activate", "hide", "unhide" and "terminate".
+  void logAction(const std::string& kind, nlohmann::json fields);
+  const std::vector<nlohmann::json>& actionLog() const { return actionLog_; }
+  // The log as one JSON array, for checkpoints.
+  nlohmann::json actionLogJson() const;
+  // The title and the window-server number of a window, as log entries name it.
+  nlohmann::json windowFields(uint64_t window) const;
+
+  // The space that windows without one of their own stand on, before anything runs.
+  void setCurrentSpace(std::string space) { currentSpace_ = std::move(space); }
+
   // Faults.
   void setAccessibilityGranted(bool granted) { accessibilityGranted_ = granted; }
   void setAppResponding(Pid pid, bool responding);
   void setMultipleAttributeCallsFail(Pid pid, bool fail);
+  // Reads and writes of the named attribute, or performances of the named
+  // action, on the window fail.
   bool failAttribute(Pid pid, const WindowSelector& selector, const std::string& attribute,
                      bool fail);
+  // Only writes of the attribute fail; it still reads.
+  bool failAttributeWrite(Pid pid, const WindowSelector& selector, const std::string& attribute,
+                          bool fail);
   bool listWindowTwice(Pid pid, const WindowSelector& selector, bool twice);
   // Makes AXObserverCreate, or the registration of one notification, fail with
   // `error` for an application; no error restores the normal behaviour.
@@ -207,6 +246,7 @@ class SimDesktop {
 
  private:
   friend class SimAccessibility;
+  friend class SimInput;
 
   SimWindow* findWindowMutable(Pid pid, const WindowSelector& selector);
   void bringToFront(uint64_t window);
@@ -236,6 +276,7 @@ class SimDesktop {
   std::unique_ptr<SimPointer> pointer_;
   std::unique_ptr<SimProcesses> processes_;
   std::unique_ptr<SimHotKeys> hotKeys_;
+  std::unique_ptr<SimInput> input_;
   std::unique_ptr<FileSystem> fileSystem_;
   NotificationCenter notificationCenter_;
   NotificationCenter distributedCenter_;
@@ -249,6 +290,7 @@ class SimDesktop {
   std::map<uint64_t, SimWindow> windows_;
   std::vector<uint64_t> stacking_;
   std::optional<Pid> activePid_;
+  std::vector<nlohmann::json> actionLog_;
   uint64_t nextWindowId_ = 1;
   uint64_t nextHash_ = 0x5a17'0000;
   std::set<uint32_t> usedNumbers_;

@@ -17,6 +17,8 @@ std::optional<std::vector<WindowServerEntry>> SimWindowServer::copyWindowList(
     entry.ownerPID = window->pid;
     if (window->number != 0) entry.number = window->number;
     entry.name = window->spec.title;
+    // A window listed twice shows twice in the window server's list as well.
+    if (window->listedTwice) entries.push_back(entry);
     entries.push_back(std::move(entry));
   }
   return entries;

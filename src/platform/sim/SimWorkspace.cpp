@@ -10,29 +10,76 @@ SimWorkspace::SimWorkspace(SimDesktop& desktop, CallCounter& calls)
       calls_(calls),
       mainBundle_{SimDesktop::kOwnBundleIdentifier, TOLV_VERSION, "1", "/Applications/Tolv.app"} {}
 
-std::vector<RunningApplication> SimWorkspace::runningApplications() {
-  calls_.count("workspace.runningApplications");
-  std::vector<RunningApplication> result;
+RunningApplication SimWorkspace::describeOwnProcess() const {
   // This process is running too, as an accessory application without windows.
   RunningApplication own;
   own.processIdentifier = SimDesktop::kOwnPid;
   own.activationPolicy = ActivationPolicy::Accessory;
   own.localizedName = "Tolv";
   own.bundleIdentifier = SimDesktop::kOwnBundleIdentifier;
-  result.push_back(own);
-  for (const SimApp* app : desktop_.apps()) {
-    RunningApplication entry;
-    entry.processIdentifier = app->spec.pid;
-    entry.activationPolicy = app->spec.policy;
-    entry.isActive = desktop_.activePid() == app->spec.pid;
-    entry.isHidden = app->spec.hidden;
-    entry.localizedName = app->spec.name;
-    entry.bundleIdentifier = app->spec.bundleIdentifier;
-    entry.bundleURL = app->spec.bundleURL;
-    entry.icon = app->icon;
-    result.push_back(std::move(entry));
-  }
+  return own;
+}
+
+RunningApplication SimWorkspace::describe(const SimApp& app) const {
+  RunningApplication entry;
+  entry.processIdentifier = app.spec.pid;
+  entry.activationPolicy = app.spec.policy;
+  entry.isActive = desktop_.activePid() == app.spec.pid;
+  entry.isHidden = app.spec.hidden;
+  entry.localizedName = app.spec.name;
+  entry.bundleIdentifier = app.spec.bundleIdentifier;
+  entry.bundleURL = app.spec.bundleURL;
+  entry.icon = app.icon;
+  return entry;
+}
+
+std::vector<RunningApplication> SimWorkspace::runningApplications() {
+  calls_.count("workspace.runningApplications");
+  std::vector<RunningApplication> result{describeOwnProcess()};
+  for (const SimApp* app : desktop_.apps())
+    result.push_back(describe(*app));
   return result;
+}
+
+std::optional<RunningApplication> SimWorkspace::runningApplication(Pid pid) {
+  calls_.count("workspace.runningApplication");
+  if (pid == SimDesktop::kOwnPid) return describeOwnProcess();
+  const SimApp* app = desktop_.app(pid);
+  if (!app) return std::nullopt;
+  return describe(*app);
+}
+
+bool SimWorkspace::command(const char* operation, const char* kind, Pid pid,
+                           nlohmann::json fields) {
+  calls_.count(operation);
+  if (!desktop_.app(pid)) return false;
+  fields["pid"] = pid;
+  desktop_.logAction(kind, std::move(fields));
+  return true;
+}
+
+bool SimWorkspace::activate(Pid pid, uint32_t options) {
+  if (!command("workspace.activate", "activate", pid, {{"options", options}})) return false;
+  desktop_.activateApp(pid, (options & activation_option::AllWindows) != 0);
+  return true;
+}
+
+bool SimWorkspace::hide(Pid pid) {
+  if (!command("workspace.hide", "hide", pid)) return false;
+  desktop_.hideApp(pid);
+  return true;
+}
+
+bool SimWorkspace::unhide(Pid pid) {
+  if (!command("workspace.unhide", "unhide", pid)) return false;
+  desktop_.unhideApp(pid);
+  return true;
+}
+
+bool SimWorkspace::terminate(Pid pid) {
+  if (!command("workspace.terminate", "terminate", pid)) return false;
+  desktop_.quitApp(pid);
+  return true;
 }
 
 Pid SimWorkspace::ownProcessIdentifier() {

@@ -1,11 +1,14 @@
 #pragma once
 
+#include <nlohmann/json.hpp>
+
 #include "platform/Workspace.h"
 
 namespace tolv::sim {
 
 class SimDesktop;
 class CallCounter;
+struct SimApp;
 
 class SimWorkspace : public Workspace {
  public:
@@ -13,6 +16,11 @@ class SimWorkspace : public Workspace {
 
   std::vector<RunningApplication> runningApplications() override;
   Pid ownProcessIdentifier() override;
+  std::optional<RunningApplication> runningApplication(Pid pid) override;
+  bool activate(Pid pid, uint32_t options) override;
+  bool hide(Pid pid) override;
+  bool unhide(Pid pid) override;
+  bool terminate(Pid pid) override;
   NotificationCenter& notificationCenter() override { return center_; }
   BundleInfo mainBundle() override;
   std::optional<std::string> bundleIdentifier(const std::string& bundlePath) override;
@@ -21,6 +29,12 @@ class SimWorkspace : public Workspace {
   void setMainBundle(BundleInfo bundle) { mainBundle_ = std::move(bundle); }
 
  private:
+  RunningApplication describe(const SimApp& app) const;
+  RunningApplication describeOwnProcess() const;
+  // Logs a command to an application; false when the process is gone.
+  bool command(const char* operation, const char* kind, Pid pid,
+               nlohmann::json fields = nlohmann::json::object());
+
   SimDesktop& desktop_;
   CallCounter& calls_;
   NotificationCenter center_;

@@ -69,9 +69,15 @@ void QtPanelWindow::close() {
   widget_->close();
 }
 
-void QtPanelWindow::showTaskbar(const AppModel& model, const TaskbarPanel& panel) {
+void QtPanelWindow::showTaskbar(const AppModel& model, const TaskbarPanel& panel,
+                                std::function<void(Point, MouseButton)> onClick) {
   if (content_) return;
-  content_ = new TaskbarView(model, panel, widget_.get());
+  content_ =
+      new TaskbarView(model, panel, widget_.get(),
+                      [this, onClick = std::move(onClick)](QPointF local, MouseButton button) {
+                        // The view's y runs down from the panel's top.
+                        onClick({frame_.x + local.x(), frame_.maxY() - local.y()}, button);
+                      });
   content_->setGeometry(0, 0, qRound(frame_.width), qRound(frame_.height));
   if (visible_) content_->show();
 }

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "taskbar/PanelWindow.h"
+#include "taskbar/TabClicks.h"
 
 namespace tolv {
 
@@ -35,8 +36,10 @@ class QtPanelWindow : public PanelWindow {
   bool isVisible() const override { return visible_; }
   void close() override;
 
-  // Puts the bar's view into a taskbar panel.
-  void showTaskbar(const AppModel& model, const TaskbarPanel& panel);
+  // Puts the bar's view into a taskbar panel; its clicks go to `onClick` at
+  // their point in the design's coordinates.
+  void showTaskbar(const AppModel& model, const TaskbarPanel& panel,
+                   std::function<void(Point, MouseButton)> onClick);
   // Draws the content again.
   void redraw();
   // The bar's view, once shown.

@@ -1,11 +1,22 @@
 #include "taskbar/view/TaskbarPanelController.h"
 
 #include <QBuffer>
+#include <QCursor>
+#include <QMenu>
 #include <QPainter>
+#include <QScrollArea>
 
 #include "model/AppModel.h"
 #include "taskbar/PanelDescription.h"
+#include "taskbar/TabHitTesting.h"
+#include "taskbar/TaskActions.h"
+#include "taskbar/TaskbarLocation.h"
+#include "taskbar/WorkspacePanelGeometry.h"
+#include "taskbar/view/GroupPopupView.h"
+#include "taskbar/view/QtMenus.h"
 #include "taskbar/view/QtPanelWindow.h"
+#include "taskbar/view/TransientPopup.h"
+#include "taskbar/view/WorkspacePopupView.h"
 
 namespace tolv {
 
@@ -38,6 +49,8 @@ TaskbarPanelController::TaskbarPanelController(AppModel& model, TextMeasurer& me
       autoHide_(std::make_unique<AutoHide>(model, *panels_, std::move(hooks))) {
   subscriptions_.push_back(panels_->didRebuild().subscribe([this] { showViews(); }));
   subscriptions_.push_back(panels_->contentChanged().subscribe([this] { redraw(); }));
+  subscriptions_.push_back(
+      model_.taskbarPopupDismissGeneration.subscribe([this](int64_t) { closeGroupPopup(); }));
 }
 
 TaskbarPanelController::~TaskbarPanelController() = default;
@@ -51,8 +64,192 @@ QtPanelWindow& TaskbarPanelController::window(const TaskbarPanel& panel) const {
 }
 
 void TaskbarPanelController::showViews() {
-  for (const auto& panel : panels_->panels())
-    window(*panel).showTaskbar(model_, *panel);
+  for (const auto& panel : panels_->panels()) {
+    window(*panel).showTaskbar(
+        model_, *panel, [this](Point point, MouseButton button) { pointerClicked(point, button); });
+  }
+}
+
+std::optional<TabClickReport> TaskbarPanelController::click(Point designPoint, MouseButton button) {
+  auto hit = tabAt(*panels_, designPoint);
+  if (!hit) return std::nullopt;
+  TabClickReport report;
+  report.tabID = hit->tab->id;
+  report.decision = decideTabClick(*hit->entry, button);
+  switch (report.decision.result) {
+    case ClickResult::Perform:
+      report.performed = performMenuAction(model_, *report.decision.action);
+      break;
+    case ClickResult::OpenMenu:
+      lastMenu_ = entryMenu(model_, *hit->entry);
+      break;
+    case ClickResult::OpenGroupPopup:
+      closeGroupPopup();
+      openGroupPopup_ = hit->entry->id;
+      // A popup of an overflow card of a top bar keeps the cards open.
+      openGroupPopupHoldsOverflow_ = hit->tab->row != 0 && isTopEdge(panels_->location());
+      model_.setGroupPopupShown(*openGroupPopup_, true, openGroupPopupHoldsOverflow_);
+      showGroupPopup(*hit->panel, *hit->tab, *hit->entry->group);
+      break;
+    case ClickResult::ToggleWorkspacePanel:
+      if (workspacePanel_) {
+        closeWorkspacePanel();
+      } else {
+        showWorkspacePanel(*hit->panel, *hit->tab, *hit->entry->workspaceGroup);
+      }
+      break;
+    case ClickResult::Nothing:
+      break;
+  }
+  return report;
+}
+
+bool TaskbarPanelController::chooseMenuItem(const std::string& title) {
+  if (!lastMenu_) return false;
+  const MenuItem* item = findMenuItem(*lastMenu_, title);
+  if (!item || !item->action || !item->enabled) return false;
+  MenuAction action = *item->action;
+  lastMenu_.reset();
+  return performMenuAction(model_, action);
+}
+
+void TaskbarPanelController::closeGroupPopup() {
+  // The popup may be closing from inside its own click.
+  if (popupWindow_) {
+    popupWindow_->hide();
+    popupWindow_.release()->deleteLater();
+  }
+  if (!openGroupPopup_) return;
+  model_.setGroupPopupShown(*openGroupPopup_, false, openGroupPopupHoldsOverflow_);
+  openGroupPopup_.reset();
+}
+
+bool TaskbarPanelController::clickGroupPopup(GroupPopupPart part, int row, MouseButton button) {
+  if (!openGroupPopup_) return false;
+  auto group = findGroup(model_, *openGroupPopup_);
+  if (!group) {
+    closeGroupPopup();
+    return false;
+  }
+  const RunningAppItem* window =
+      row >= 0 && static_cast<size_t>(row) < group->windows.size() ? &group->windows[row] : nullptr;
+  if (button == MouseButton::Right) {
+    if (part == GroupPopupPart::Header) lastMenu_ = groupHeaderMenu(model_, *group);
+    if (part == GroupPopupPart::Row && window) lastMenu_ = groupRowMenu(model_, *group, *window);
+    if (part == GroupPopupPart::RowClose) lastMenu_ = closeGlyphMenu();
+    return false;
+  }
+  PopupClickDecision decision = decideGroupPopupClick(*group, part, window);
+  if (decision.closesPopup) closeGroupPopup();
+  return decision.action && performMenuAction(model_, *decision.action);
+}
+
+void TaskbarPanelController::showGroupPopup(const TaskbarPanel& panel, const TabDrawing& tab,
+                                            const RunningAppGroup& group) {
+  GroupPopupContent content = groupPopupContent(model_, group);
+  auto view = std::make_unique<GroupPopupView>(
+      content, [this](GroupPopupPart part, int row, MouseButton button) {
+        clickGroupPopup(part, row, button);
+        if (button == MouseButton::Right) popUpLastMenu();
+      });
+  QSize size = view->sizeHint();
+  if (content.scrolls) {
+    auto scroller = std::make_unique<QScrollArea>();
+    scroller->setWidget(view.release());
+    scroller->setFrameShape(QFrame::NoFrame);
+    size.setHeight(qRound(kGroupPopupScrollHeight));
+    popupWindow_ = std::move(scroller);
+  } else {
+    popupWindow_ = std::move(view);
+  }
+  makeTransientPopup(*popupWindow_, [this, window = popupWindow_.get()] {
+    if (popupWindow_.get() == window) closeGroupPopup();
+  });
+  popupWindow_->setWindowOpacity(content.windowAlpha);
+  popupWindow_->resize(size);
+
+  // Beside the tab on the side its arrow names, in the toolkit's y-down screen space.
+  Rect anchor = tabFrameOnScreen(panel, tab);
+  auto screens = model_.platform().screens->screens();
+  double top = screens.empty() ? 0.0 : screens.front().frame.maxY();
+  double x = anchor.x;
+  double y = top - anchor.maxY() - size.height();
+  switch (content.arrowEdge) {
+    case PopoverEdge::Bottom:
+      y = top - anchor.y;
+      break;
+    case PopoverEdge::Leading:
+      x = anchor.maxX();
+      y = top - anchor.maxY();
+      break;
+    case PopoverEdge::Trailing:
+      x = anchor.x - size.width();
+      y = top - anchor.maxY();
+      break;
+    case PopoverEdge::Top:
+      break;
+  }
+  popupWindow_->move(qRound(x), qRound(y));
+  popupWindow_->show();
+}
+
+void TaskbarPanelController::showWorkspacePanel(const TaskbarPanel& panel, const TabDrawing& tab,
+                                                const std::vector<ManagedWorkspaceTask>& spaces) {
+  auto screens = model_.platform().screens->screens();
+  Rect frame = workspacePanelFrame(model_.settings.taskbarLocation, tabFrameOnScreen(panel, tab),
+                                   screens, 0, spaces.size());
+  workspacePanelSpaces_ = spaces;
+  workspacePanel_ = std::make_unique<WorkspacePopupView>(
+      workspacePopupRows(model_, spaces), QSize(qRound(frame.width), qRound(frame.height)),
+      [this](int row, WorkspaceRowPart part, MouseButton button) {
+        clickWorkspacePanel(row, part, button);
+        if (button == MouseButton::Right) popUpLastMenu();
+      });
+  makeTransientPopup(*workspacePanel_, [this, window = workspacePanel_.get()] {
+    if (workspacePanel_.get() == window) closeWorkspacePanel();
+  });
+  double top = screens.empty() ? 0.0 : screens.front().frame.maxY();
+  workspacePanel_->move(qRound(frame.x), qRound(top - frame.maxY()));
+  workspacePanel_->show();
+}
+
+void TaskbarPanelController::closeWorkspacePanel() {
+  // The panel may be closing from inside its own click.
+  if (workspacePanel_) {
+    workspacePanel_->hide();
+    workspacePanel_.release()->deleteLater();
+  }
+}
+
+bool TaskbarPanelController::clickWorkspacePanel(int row, WorkspaceRowPart part,
+                                                 MouseButton button) {
+  if (!workspacePanel_) return false;
+  if (row < 0) {
+    if (button == MouseButton::Left) closeWorkspacePanel();
+    return false;
+  }
+  if (static_cast<size_t>(row) >= workspacePanelSpaces_.size()) return false;
+  const ManagedWorkspaceTask& workspace = workspacePanelSpaces_[static_cast<size_t>(row)];
+  if (button == MouseButton::Right) {
+    lastMenu_ = workspaceRowMenu(model_, workspace);
+    return false;
+  }
+  auto action = workspaceRowClickAction(workspace, part);
+  return action && performMenuAction(model_, *action);
+}
+
+void TaskbarPanelController::popUpLastMenu() {
+  if (!lastMenu_) return;
+  shownMenu_ = makeQMenu(*lastMenu_, [this](const MenuAction& action) {
+    lastMenu_.reset();
+    performMenuAction(model_, action);
+  });
+  shownMenu_->popup(QCursor::pos());
+}
+
+void TaskbarPanelController::pointerClicked(Point designPoint, MouseButton button) {
+  auto report = click(designPoint, button);
+  if (report && report->decision.result == ClickResult::OpenMenu) popUpLastMenu();
 }
 
 void TaskbarPanelController::redraw() {

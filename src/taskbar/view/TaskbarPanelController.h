@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <QMenu>
 
 #include <memory>
 #include <string>
@@ -10,13 +11,22 @@
 
 #include "app/AppControllers.h"
 #include "taskbar/AutoHide.h"
+#include "taskbar/TabClicks.h"
 #include "taskbar/TaskbarPanels.h"
+#include "taskbar/WorkspacePopup.h"
 
 namespace tolv {
 
 class AppModel;
 class TextMeasurer;
 class QtPanelWindow;
+
+// What a click on the bar met and did.
+struct TabClickReport {
+  std::string tabID;
+  ClickDecision decision;
+  bool performed = false;  // the decision's action ran
+};
 
 // The bar's windows in the toolkit: one panel per screen with its view, the
 // trigger lines and corners, driven by the panel set and the auto-hide logic of
@@ -38,6 +48,30 @@ class TaskbarPanelController : public TaskbarController {
   // The main screen's rows, primary row first; an empty list without panels.
   nlohmann::json describeRows() const;
 
+  // A click at a point of the design's coordinates, through the panels' hit
+  // testing and the click decision of the tab under it. A right click builds
+  // the tab's menu and keeps it as the last menu; nothing when no tab is there.
+  std::optional<TabClickReport> click(Point designPoint, MouseButton button);
+  // The menu the last right click opened, until an item is chosen.
+  const std::optional<Menu>& lastMenu() const { return lastMenu_; }
+  // Chooses the last menu's first item of that title; whether its action ran.
+  bool chooseMenuItem(const std::string& title);
+  // The group whose popup is open, and whether the workspace list is shown.
+  const std::optional<std::string>& openGroupPopup() const { return openGroupPopup_; }
+  void closeGroupPopup();
+  // A click on a part of the open group popup; `row` indexes the group's windows.
+  // A right click on the header, a row or a row's close button builds its menu
+  // as the last menu. Whether an action ran.
+  bool clickGroupPopup(GroupPopupPart part, int row, MouseButton button);
+  // The open popup's window, while it is shown.
+  QWidget* groupPopupWindow() const { return popupWindow_.get(); }
+  bool workspacePanelShown() const { return workspacePanel_ != nullptr; }
+  QWidget* workspacePanelWindow() const { return workspacePanel_.get(); }
+  void closeWorkspacePanel();
+  // A click on the workspace list: `row` -1 is its header. A right click on a
+  // row builds the row's menu as the last menu. Whether an action ran.
+  bool clickWorkspacePanel(int row, WorkspaceRowPart part, MouseButton button);
+
   // The panel as seen on its screen: the screen's area in a plain desktop
   // colour, the panel drawn at its frame with its alpha. One pixel per point.
   QImage snapshot(const TaskbarPanel& panel) const;
@@ -52,12 +86,27 @@ class TaskbarPanelController : public TaskbarController {
   QtPanelWindow& window(const TaskbarPanel& panel) const;
   void showViews();
   void redraw();
+  // A click of the pointer in a panel's view: the click, then its menu.
+  void pointerClicked(Point designPoint, MouseButton button);
+  void showGroupPopup(const TaskbarPanel& panel, const TabDrawing& tab,
+                      const RunningAppGroup& group);
+  void showWorkspacePanel(const TaskbarPanel& panel, const TabDrawing& tab,
+                          const std::vector<ManagedWorkspaceTask>& spaces);
+  // Shows the last menu at the pointer.
+  void popUpLastMenu();
 
   AppModel& model_;
   std::unique_ptr<WindowFactory> factory_;
   std::unique_ptr<TaskbarPanels> panels_;
   std::unique_ptr<AutoHide> autoHide_;
   std::vector<Subscription> subscriptions_;
+  std::optional<Menu> lastMenu_;
+  std::optional<std::string> openGroupPopup_;
+  bool openGroupPopupHoldsOverflow_ = false;
+  std::unique_ptr<QWidget> workspacePanel_;
+  std::vector<ManagedWorkspaceTask> workspacePanelSpaces_;
+  std::unique_ptr<QMenu> shownMenu_;
+  std::unique_ptr<QWidget> popupWindow_;
 };
 
 // A name made safe for a file: anything but letters, digits, '.', '-' and '_' becomes '_'.

@@ -2,6 +2,10 @@
 
 #include <QWidget>
 
+#include <functional>
+
+#include "taskbar/TabClicks.h"
+
 namespace tolv {
 
 class AppModel;
@@ -14,14 +18,18 @@ class TaskbarView : public QWidget {
   Q_OBJECT
 
  public:
-  TaskbarView(const AppModel& model, const TaskbarPanel& panel, QWidget* parent = nullptr);
+  using ClickHandler = std::function<void(QPointF, MouseButton)>;
+  TaskbarView(const AppModel& model, const TaskbarPanel& panel, QWidget* parent = nullptr,
+              ClickHandler onClick = {});
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
 
  private:
   const AppModel& model_;
   const TaskbarPanel& panel_;
+  ClickHandler onClick_;
 };
 
 }  // namespace tolv

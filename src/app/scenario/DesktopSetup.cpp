@@ -1,0 +1,276 @@
+#include "app/scenario/DesktopSetup.h"
+
+#include "app/scenario/PropertyJson.h"
+#include "platform/sim/SimUserDefaults.h"
+
+namespace tolv::scenario {
+
+namespace {
+
+std::string indexed(const std::string& place, size_t index) {
+  return place + "[" + std::to_string(index) + "]";
+}
+
+const Json& listAt(JsonReader& reader, std::string_view key) {
+  const Json& list = reader.require(key);
+  if (!list.is_array()) {
+    reader.fail(key, "expected a list, found " + describeType(list));
+  }
+  return list;
+}
+
+ActivationPolicy readPolicy(JsonReader& app) {
+  auto policy = app.string("policy");
+  if (!policy || *policy == "regular") return ActivationPolicy::Regular;
+  if (*policy == "accessory") return ActivationPolicy::Accessory;
+  if (*policy == "prohibited") return ActivationPolicy::Prohibited;
+  app.fail("policy",
+           "expected \"regular\", \"accessory\" or \"prohibited\", found \"" + *policy + "\"");
+}
+
+uint32_t readWindowNumber(JsonReader& reader, std::string_view key) {
+  int64_t number = *reader.integer(key);
+  if (number < 0 || number > UINT32_MAX) reader.fail(key, "not a window number");
+  return static_cast<uint32_t>(number);
+}
+
+std::string readSpaceOf(JsonReader& window, const std::set<std::string>& spaces) {
+  auto space = window.string("space");
+  if (!space) return {};
+  if (!spaces.count(*space)) window.fail("space", "unknown space \"" + *space + "\"");
+  return *space;
+}
+
+}  // namespace
+
+sim::WindowSpec readWindow(JsonReader window, const std::set<std::string>& spaces) {
+  sim::WindowSpec spec;
+  spec.title = window.string("title").value_or("");
+  spec.identifier = window.string("identifier");
+  spec.role = window.string("role").value_or(spec.role);
+  spec.size = window.size("size").value_or(spec.size);
+  spec.position = window.point("position").value_or(spec.position);
+  if (window.has("number")) spec.number = readWindowNumber(window, "number");
+  if (window.has("hash")) {
+    int64_t hash = *window.integer("hash");
+    if (hash < 0) window.fail("hash", "expected a number from 0");
+    spec.hash = static_cast<uint64_t>(hash);
+  }
+  spec.space = readSpaceOf(window, spaces);
+  spec.minimized = window.flag("minimized").value_or(false);
+  spec.focused = window.flag("focused").value_or(false);
+  spec.layer = window.integer("layer").value_or(0);
+  window.finish();
+  return spec;
+}
+
+sim::AppSpec readApp(JsonReader app, const std::set<std::string>& spaces) {
+  sim::AppSpec spec;
+  int64_t pid = app.requireInteger("pid");
+  if (pid <= 0 || pid > INT32_MAX) app.fail("pid", "expected a process identifier above 0");
+  if (pid == sim::SimDesktop::kOwnPid) {
+    app.fail("pid", std::to_string(pid) + " is Tolv's own process");
+  }
+  spec.pid = static_cast<Pid>(pid);
+  spec.bundleIdentifier = app.string("bundleIdentifier");
+  spec.name = app.string("name");
+  spec.bundleURL = app.string("bundleURL");
+  spec.policy = readPolicy(app);
+  spec.active = app.flag("active").value_or(false);
+  spec.hidden = app.flag("hidden").value_or(false);
+  spec.responding = app.flag("responding").value_or(true);
+  if (app.has("windows")) {
+    const Json& windows = listAt(app, "windows");
+    for (size_t i = 0; i < windows.size(); ++i) {
+      spec.windows.push_back(
+          readWindow(JsonReader(windows[i], indexed(app.placeOf("windows"), i)), spaces));
+    }
+  }
+  app.finish();
+  return spec;
+}
+
+sim::WindowSelector readSelector(JsonReader selector) {
+  sim::WindowSelector result;
+  result.title = selector.string("title");
+  if (selector.has("number")) result.number = readWindowNumber(selector, "number");
+  if (selector.has("index")) {
+    int64_t index = *selector.integer("index");
+    if (index < 0) selector.fail("index", "expected a position from 0");
+    result.index = static_cast<size_t>(index);
+  }
+  selector.finish();
+  int given = result.title.has_value() + result.number.has_value() + result.index.has_value();
+  if (given != 1) {
+    throw ScenarioError(
+        selector.place() +
+        ": a window selector names exactly one of \"title\", \"number\", \"index\"");
+  }
+  return result;
+}
+
+std::vector<Screen> readScreens(const Json& screens, const std::string& place) {
+  if (!screens.is_array()) {
+    throw ScenarioError(place + ": expected a list, found " + describeType(screens));
+  }
+  std::vector<Screen> result;
+  for (size_t i = 0; i < screens.size(); ++i) {
+    JsonReader screen(screens[i], indexed(place, i));
+    Screen read;
+    if (!screen.has("frame")) screen.fail("frame", "missing");
+    read.frame = *screen.rect("frame");
+    read.visibleFrame = screen.rect("visibleFrame").value_or(read.frame);
+    read.identifier =
+        screen.string("identifier").value_or(i == 0 ? "Main" : "Screen " + std::to_string(i + 1));
+    read.backingScaleFactor = screen.number("backingScaleFactor").value_or(2);
+    screen.finish();
+    if (read.frame.width <= 0 || read.frame.height <= 0) {
+      screen.fail("frame", "a screen needs a width and a height");
+    }
+    result.push_back(read);
+  }
+  return result;
+}
+
+SpaceSetup readSpace(JsonReader space) {
+  SpaceSetup setup;
+  setup.display = space.string("display").value_or("Main");
+  setup.uuid = space.requireString("uuid");
+  setup.type = space.integer("type").value_or(0);
+  setup.current = space.flag("current").value_or(false);
+  space.finish();
+  return setup;
+}
+
+std::map<std::string, PropertyValue> readDefaultsValues(const Json& values,
+                                                        const std::string& place) {
+  if (!values.is_object()) {
+    throw ScenarioError(place + ": expected an object, found " + describeType(values));
+  }
+  std::map<std::string, PropertyValue> result;
+  for (const auto& [key, value] : values.items()) {
+    result.emplace(key, propertyFromJson(value, place + "." + key));
+  }
+  return result;
+}
+
+std::string DesktopSetup::currentSpace() const {
+  for (const auto& space : spaces) {
+    if (space.current) return space.uuid;
+  }
+  return spaces.empty() ? sim::SimDesktop::kMainSpace : spaces.front().uuid;
+}
+
+std::set<std::string> DesktopSetup::spaceIdentifiers() const {
+  std::set<std::string> uuids;
+  for (const auto& space : spaces)
+    uuids.insert(space.uuid);
+  if (uuids.empty()) uuids.insert(sim::SimDesktop::kMainSpace);
+  return uuids;
+}
+
+sim::SimProcessSpec readOtherCopy(JsonReader copy) {
+  sim::SimProcessSpec spec;
+  int64_t pid = copy.requireInteger("pid");
+  if (pid <= 0 || pid > INT32_MAX || pid == sim::SimDesktop::kOwnPid) {
+    copy.fail("pid", "expected a pid other than Tolv's own (" +
+                         std::to_string(sim::SimDesktop::kOwnPid) + ")");
+  }
+  spec.pid = static_cast<Pid>(pid);
+  spec.quitDelay = copy.number("quitDelay").value_or(0);
+  if (spec.quitDelay < 0) copy.fail("quitDelay", "expected seconds, 0 or more");
+  spec.ignoresTerminate = copy.flag("ignoresTerminate").value_or(false);
+  spec.ignoresSignal15 = copy.flag("ignoresSignal15").value_or(false);
+  spec.ownedByOtherUser = copy.flag("otherUser").value_or(false);
+  copy.finish();
+  return spec;
+}
+
+DesktopSetup readDesktop(JsonReader desktop) {
+  DesktopSetup setup;
+  if (const Json* screens = desktop.take("screens")) {
+    setup.screens = readScreens(*screens, desktop.placeOf("screens"));
+    if (setup.screens.empty()) desktop.fail("screens", "at least one screen is needed");
+  }
+  setup.accessibility = desktop.flag("accessibility").value_or(true);
+  setup.screenCapture = desktop.flag("screenCapture").value_or(true);
+  if (auto measure = desktop.string("textMeasure")) {
+    if (*measure == "fixed") {
+      setup.textMeasure = TextMeasure::Fixed;
+    } else if (*measure == "toolkit") {
+      setup.textMeasure = TextMeasure::Toolkit;
+    } else {
+      desktop.fail("textMeasure", "expected \"fixed\" or \"toolkit\", found \"" + *measure + "\"");
+    }
+  }
+  if (auto domains = desktop.object("defaults")) {
+    const Json& all = desktop.require("defaults");
+    for (const auto& [domain, values] : all.items()) {
+      setup.defaults[domain] = readDefaultsValues(values, domains->placeOf(domain));
+    }
+  }
+  if (desktop.has("spaces")) {
+    const Json& spaces = listAt(desktop, "spaces");
+    std::set<std::string> seen;
+    for (size_t i = 0; i < spaces.size(); ++i) {
+      std::string place = indexed(desktop.placeOf("spaces"), i);
+      setup.spaces.push_back(readSpace(JsonReader(spaces[i], place)));
+      if (!seen.insert(setup.spaces.back().uuid).second) {
+        throw ScenarioError(place + ".uuid: a second space \"" + setup.spaces.back().uuid + "\"");
+      }
+    }
+  }
+  if (desktop.has("apps")) {
+    const Json& apps = listAt(desktop, "apps");
+    std::set<Pid> pids;
+    for (size_t i = 0; i < apps.size(); ++i) {
+      std::string place = indexed(desktop.placeOf("apps"), i);
+      setup.apps.push_back(readApp(JsonReader(apps[i], place), setup.spaceIdentifiers()));
+      if (!pids.insert(setup.apps.back().pid).second) {
+        throw ScenarioError(place + ".pid: a second application with pid " +
+                            std::to_string(setup.apps.back().pid));
+      }
+    }
+  }
+  if (auto dock = desktop.object("dock")) {
+    std::map<std::string, std::string> badges;
+    if (const Json* given = dock->take("badges")) {
+      if (!given->is_object()) {
+        dock->fail("badges", "expected an object, found " + describeType(*given));
+      }
+      for (const auto& [name, label] : given->items()) {
+        if (!label.is_string()) {
+          throw ScenarioError(dock->placeOf("badges") + "." + name + ": expected a string, found " +
+                              describeType(label));
+        }
+        badges[name] = label.get<std::string>();
+      }
+    }
+    dock->finish();
+    setup.dockBadges = std::move(badges);
+  }
+  if (desktop.has("otherCopies")) {
+    const Json& copies = listAt(desktop, "otherCopies");
+    for (size_t i = 0; i < copies.size(); ++i) {
+      std::string place = indexed(desktop.placeOf("otherCopies"), i);
+      setup.otherCopies.push_back(readOtherCopy(JsonReader(copies[i], place)));
+    }
+  }
+  desktop.finish();
+  return setup;
+}
+
+void buildDesktop(sim::SimDesktop& desktop, const DesktopSetup& setup) {
+  desktop.screens().setScreens(setup.screens);
+  desktop.setAccessibilityGranted(setup.accessibility);
+  desktop.setCurrentSpace(setup.currentSpace());
+  for (const auto& [domain, values] : setup.defaults) {
+    for (const auto& [key, value] : values)
+      desktop.defaults().setValue(domain, key, value);
+  }
+  desktop.populate(setup.apps);
+  for (const auto& copy : setup.otherCopies)
+    desktop.processes().addProcess(copy);
+}
+
+}  // namespace tolv::scenario

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "app/scenario/JsonReader.h"
+#include "platform/PropertyValue.h"
+#include "platform/Screens.h"
+#include "platform/sim/SimDesktop.h"
+#include "platform/sim/SimProcesses.h"
+#include "platform/sim/SimScreens.h"
+
+namespace tolv::scenario {
+
+enum class TextMeasure { Fixed, Toolkit };
+
+struct SpaceSetup {
+  std::string display;
+  std::string uuid;
+  int64_t type = 0;
+  bool current = false;
+};
+
+// The desktop a scenario starts from, read and checked before anything runs.
+struct DesktopSetup {
+  std::vector<Screen> screens{sim::SimScreens::standardScreen()};
+  bool accessibility = true;
+  bool screenCapture = true;
+  // Nothing: the run's own default (fixed headless, the toolkit's fonts live).
+  std::optional<TextMeasure> textMeasure;
+  std::map<std::string, std::map<std::string, PropertyValue>> defaults;
+  std::vector<SpaceSetup> spaces;
+  std::vector<sim::AppSpec> apps;
+  // Present when the Dock runs; its badges by item title.
+  std::optional<std::map<std::string, std::string>> dockBadges;
+  // Other copies of Tolv already running, each answering a request to quit as
+  // it is told to.
+  std::vector<sim::SimProcessSpec> otherCopies;
+
+  // The space windows stand on when they name none.
+  std::string currentSpace() const;
+  std::set<std::string> spaceIdentifiers() const;
+};
+
+DesktopSetup readDesktop(JsonReader desktop);
+
+// Pieces that desktop events read too.
+sim::AppSpec readApp(JsonReader app, const std::set<std::string>& spaces);
+sim::WindowSpec readWindow(JsonReader window, const std::set<std::string>& spaces);
+sim::WindowSelector readSelector(JsonReader selector);
+std::vector<Screen> readScreens(const Json& screens, const std::string& place);
+SpaceSetup readSpace(JsonReader space);
+// One domain's values by key.
+std::map<std::string, PropertyValue> readDefaultsValues(const Json& values,
+                                                        const std::string& place);
+
+// Gives the simulated desktop everything the setup describes, before the model exists.
+void buildDesktop(sim::SimDesktop& desktop, const DesktopSetup& setup);
+
+}  // namespace tolv::scenario

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <set>
+#include <string>
+
+#include "app/scenario/ScenarioViews.h"
+#include "model/AppModel.h"
+#include "platform/sim/SimDesktop.h"
+
+namespace tolv::scenario {
+
+// What a timeline entry acts on while the scenario runs.
+struct RunContext {
+  sim::SimDesktop& desktop;
+  AppModel& model;
+  ScenarioViews* views = nullptr;
+  std::optional<std::string> snapshotDirectory;
+  // Receives each checkpoint's line.
+  std::function<void(const nlohmann::ordered_json&)> writeLine;
+};
+
+// What the checks before the run know about the timeline as it goes.
+struct CompileContext {
+  // Applications of the desktop and those launched by earlier entries.
+  std::set<Pid> knownPids;
+  std::set<std::string> spaces;
+};
+
+using StepAction = std::function<void(RunContext&)>;
+
+}  // namespace tolv::scenario

@@ -1,0 +1,89 @@
+// What Tolv left on the desktop: its defaults, its log, the alerts it showed,
+// what it did to other applications and the platform calls it made.
+
+#include "app/RuntimeIssues.h"
+#include "app/scenario/Checkpoints.h"
+#include "app/scenario/PropertyJson.h"
+#include "app/scenario/RuntimeLogEntries.h"
+#include "platform/sim/SimAccessibility.h"
+#include "platform/sim/SimAlerts.h"
+#include "platform/sim/SimProcesses.h"
+#include "platform/sim/SimUserDefaults.h"
+
+namespace tolv::scenario {
+namespace {
+
+using Field = std::optional<OutJson>;
+
+OutJson storedDefaults(RunContext& run) {
+  OutJson values = OutJson::object();
+  for (const auto& [key, value] : run.desktop.defaults().values(kTolvBundleIdentifier))
+    values[key] = OutJson(propertyToJson(value));
+  return values;
+}
+
+OutJson logEntries(RunContext& run) {
+  OutJson entries = OutJson::array();
+  FileSystem& files = *run.desktop.platform().fileSystem;
+  auto bytes = files.readFile(runtimeLogPath(files));
+  if (!bytes) return entries;
+  for (const auto& entry : parseRuntimeLog(std::string(bytes->begin(), bytes->end()))) {
+    entries.push_back(OutJson{{"title", entry.title}, {"detail", entry.detail}});
+  }
+  return entries;
+}
+
+OutJson shownAlerts(RunContext& run) {
+  OutJson alerts = OutJson::array();
+  for (const auto& shown : run.desktop.alerts().shown()) {
+    alerts.push_back(OutJson{{"title", shown.alert.title},
+                             {"text", shown.alert.text},
+                             {"buttons", shown.alert.buttons}});
+  }
+  return alerts;
+}
+
+// Each command as { "time", "kind", ... }, the rest of its fields in name order.
+OutJson actions(RunContext& run) {
+  OutJson entries = OutJson::array();
+  for (const auto& action : run.desktop.actionLog()) {
+    OutJson entry{{"time", action.at("time")}, {"kind", action.at("kind")}};
+    for (const auto& [key, value] : action.items()) {
+      if (key != "time" && key != "kind") entry[key] = OutJson(value);
+    }
+    entries.push_back(std::move(entry));
+  }
+  return entries;
+}
+
+// The other copies of Tolv: alive or when they ended, and what reached them.
+OutJson otherCopies(RunContext& run) {
+  OutJson copies = OutJson::array();
+  for (const auto& [pid, process] : run.desktop.processes().processes()) {
+    OutJson copy{{"pid", pid}, {"alive", process.alive}, {"received", process.received}};
+    if (process.endedAt) copy["endedAt"] = *process.endedAt;
+    copies.push_back(std::move(copy));
+  }
+  return copies;
+}
+
+const FieldRegistration kDesktopFields{{
+    {"defaults", [](RunContext& run) -> Field { return storedDefaults(run); }},
+    {"log", [](RunContext& run) -> Field { return logEntries(run); }},
+    {"alerts", [](RunContext& run) -> Field { return shownAlerts(run); }},
+    {"actions", [](RunContext& run) -> Field { return actions(run); }},
+    {"otherCopies", [](RunContext& run) -> Field { return otherCopies(run); }},
+    {"calls", [](RunContext& run) -> Field { return run.desktop.calls().all(); }},
+    // Accessibility calls that reached each application or one of its elements,
+    // by pid: which applications a refresh asked anything.
+    {"accessibilityCallsByApplication",
+     [](RunContext& run) -> Field {
+       OutJson byPid = OutJson::object();
+       for (const auto& [pid, count] : run.desktop.accessibility().callsByPid())
+         byPid[std::to_string(pid)] = count;
+       return byPid;
+     }},
+}};
+
+}  // namespace
+}  // namespace tolv::scenario

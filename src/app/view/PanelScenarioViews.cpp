@@ -1,0 +1,64 @@
+#include "app/view/PanelScenarioViews.h"
+
+#include "platform/qt/QtTextMeasurer.h"
+#include "taskbar/FixedTextMeasurer.h"
+#include "taskbar/TaskMenus.h"
+#include "taskbar/view/TaskbarPanelController.h"
+
+namespace tolv {
+
+PanelScenarioViews::PanelScenarioViews() = default;
+PanelScenarioViews::~PanelScenarioViews() = default;
+
+ControllerFactories PanelScenarioViews::controllerFactories(scenario::TextMeasure measure) {
+  if (measure == scenario::TextMeasure::Fixed) {
+    measurer_ = std::make_unique<FixedTextMeasurer>();
+  } else {
+    measurer_ = std::make_unique<qt::QtTextMeasurer>();
+  }
+  ControllerFactories factories;
+  TextMeasurer& measurer = *measurer_;
+  factories.makeTaskbar = [this, &measurer](AppModel& model, AutoHideHooks hooks) {
+    auto controller = std::make_unique<TaskbarPanelController>(model, measurer, std::move(hooks));
+    taskbar_ = controller.get();
+    return controller;
+  };
+  return factories;
+}
+
+std::optional<nlohmann::json> PanelScenarioViews::describePanels() const {
+  if (!taskbar_) return std::nullopt;
+  return taskbar_->describePanels();
+}
+
+std::optional<nlohmann::json> PanelScenarioViews::describeRows() const {
+  if (!taskbar_) return std::nullopt;
+  return taskbar_->describeRows();
+}
+
+const TaskRowLayout* PanelScenarioViews::mainLayout() const {
+  return taskbar_ ? taskbar_->panels().mainLayout() : nullptr;
+}
+
+bool PanelScenarioViews::click(Point designPoint, bool rightButton) {
+  if (!taskbar_) return false;
+  return taskbar_->click(designPoint, rightButton ? MouseButton::Right : MouseButton::Left)
+      .has_value();
+}
+
+std::optional<nlohmann::json> PanelScenarioViews::openMenu() const {
+  if (!taskbar_ || !taskbar_->lastMenu()) return std::nullopt;
+  return menuJson(*taskbar_->lastMenu());
+}
+
+bool PanelScenarioViews::chooseMenuItem(const std::string& title) {
+  return taskbar_ && taskbar_->chooseMenuItem(title);
+}
+
+std::vector<std::string> PanelScenarioViews::saveSnapshots(const std::string& directory,
+                                                           const std::string& checkpoint) const {
+  if (!taskbar_) return {};
+  return taskbar_->saveSnapshots(directory, checkpoint);
+}
+
+}  // namespace tolv

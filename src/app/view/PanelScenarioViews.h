@@ -1,0 +1,35 @@
+#pragma once
+
+#include <memory>
+
+#include "app/scenario/ScenarioViews.h"
+
+namespace tolv {
+
+class TaskbarPanelController;
+class TextMeasurer;
+
+// The real taskbar panels in a scenario run: the launch sequence builds them
+// through these factories, and checkpoints read and picture them.
+class PanelScenarioViews : public scenario::ScenarioViews {
+ public:
+  PanelScenarioViews();
+  ~PanelScenarioViews() override;
+
+  ControllerFactories controllerFactories(scenario::TextMeasure measure) override;
+  std::optional<nlohmann::json> describePanels() const override;
+  std::optional<nlohmann::json> describeRows() const override;
+  const TaskRowLayout* mainLayout() const override;
+  bool click(Point designPoint, bool rightButton) override;
+  std::optional<nlohmann::json> openMenu() const override;
+  bool chooseMenuItem(const std::string& title) override;
+  std::vector<std::string> saveSnapshots(const std::string& directory,
+                                         const std::string& checkpoint) const override;
+
+ private:
+  std::unique_ptr<TextMeasurer> measurer_;
+  // Owned by the delegate, which the run ends before these views.
+  TaskbarPanelController* taskbar_ = nullptr;
+};
+
+}  // namespace tolv

@@ -1,0 +1,307 @@
+#include "taskbar/TaskActions.h"
+
+#include <functional>
+#include <vector>
+
+#include "model/AppModel.h"
+#include "model/TaskIdentifiers.h"
+#include "taskbar/TabFacts.h"
+#include "taskbar/TaskbarLocation.h"
+
+namespace tolv {
+
+namespace {
+
+constexpr double kAlertFraction = 0.5;
+
+bool isGroupID(const std::string& id) {
+  return startsWith(id, id_prefix::AutoGroup) || startsWith(id, id_prefix::CustomGroup);
+}
+
+// The ids of the windows a tab or group stands for.
+std::vector<std::string> windowIDs(const AppModel& model, const std::string& subject) {
+  if (!isGroupID(subject)) return {subject};
+  std::vector<std::string> ids;
+  if (auto group = findGroup(model, subject)) {
+    for (const auto& window : group->windows)
+      ids.push_back(window.id);
+  }
+  return ids;
+}
+
+void moveToEdge(AppModel& model, const std::string& subject, bool toFirst) {
+  if (model.taskbarOverflowReturnLocked.get()) {
+    for (const auto& id : windowIDs(model, subject)) {
+      if (toFirst) {
+        model.taskbarLockedMainWindowIDs.insert(id);
+      } else if (lastMoveUnlocks(model.settings.taskbarLocation)) {
+        model.taskbarLockedMainWindowIDs.erase(id);
+      }
+    }
+  }
+  std::string moved = isGroupID(subject) ? std::string(id_prefix::DragGroup) + subject : subject;
+  model.moveTaskToEdge(moved, toFirst);
+}
+
+bool confirmed(AppModel& model, const std::string& question) {
+  Alert alert;
+  alert.title = question;
+  alert.buttons = {"Continue", "Cancel"};
+  return model.presentAlert(alert, false, kAlertFraction).response == kFirstButtonResponse;
+}
+
+bool quitGroup(AppModel& model, const RunningAppGroup& group) {
+  if (group.isCustom) {
+    if (confirmed(model, "All windows in " + group.appName + " will be closed. Continue?")) {
+      model.closeCustomGroupOnDesktop(group);
+    }
+    return true;
+  }
+  if (group.windows.empty()) return false;
+  model.confirmQuitTaskApplication(group.windows.front());
+  return true;
+}
+
+bool closeGroup(AppModel& model, const RunningAppGroup& group) {
+  if (confirmed(model, "All windows in this group will be closed. Continue?") &&
+      !group.windows.empty()) {
+    model.closeGroupWindowsOnDesktop(group);
+  }
+  return true;
+}
+
+// The application a workspace's space is named after, when one runs.
+std::optional<std::string> workspaceApplicationName(const AppModel& model,
+                                                    const ManagedWorkspaceTask& workspace) {
+  if (workspace.isDesktopSpace) return std::nullopt;
+  RunningAppItem item = model.workspaceItem(workspace);
+  if (!item.bundleIdentifier) return std::nullopt;
+  return item.appName;
+}
+
+std::optional<ManagedWorkspaceTask> workspaceOfTask(const AppModel& model,
+                                                    const RunningAppItem& task) {
+  if (!startsWith(task.id, id_prefix::Workspace)) return std::nullopt;
+  return findWorkspace(model, task.id.substr(id_prefix::Workspace.size()));
+}
+
+GroupMenuFacts groupMenuFacts(const AppModel& model, const RunningAppGroup& group) {
+  GroupMenuFacts facts;
+  facts.group = group;
+  if (group.windows.size() == 1) facts.workspace = workspaceOfTask(model, group.windows.front());
+  if (facts.workspace) {
+    facts.workspaceApplicationName = workspaceApplicationName(model, *facts.workspace);
+  }
+  return facts;
+}
+
+bool withTask(AppModel& model, const MenuAction& action,
+              const std::function<void(const RunningAppItem&)>& run) {
+  auto task = findTask(model, action.subject);
+  if (!task) return false;
+  run(*task);
+  return true;
+}
+
+bool withGroup(AppModel& model, const MenuAction& action,
+               const std::function<bool(const RunningAppGroup&)>& run) {
+  auto group = findGroup(model, action.subject);
+  return group && run(*group);
+}
+
+}  // namespace
+
+bool lastMoveUnlocks(std::string_view location) {
+  return location == taskbar_location::BottomRight || location == taskbar_location::TopRight ||
+         location == taskbar_location::RightSide;
+}
+
+std::optional<RunningAppItem> findTask(const AppModel& model, const std::string& id) {
+  for (const auto& item : model.allTaskItems()) {
+    if (item.id == id) return item;
+  }
+  return std::nullopt;
+}
+
+std::optional<RunningAppGroup> findGroup(const AppModel& model, const std::string& id) {
+  for (bool groupAll : {false, true}) {
+    for (const auto& entry : model.taskbarEntries(groupAll, true)) {
+      if (entry.group && entry.group->id == id) return entry.group;
+    }
+  }
+  return std::nullopt;
+}
+
+std::optional<ManagedWorkspaceTask> findWorkspace(const AppModel& model, const std::string& id) {
+  for (const auto& workspace : model.managedWorkspaceTasks.get()) {
+    if (workspace.id == id || workspaceTaskID(workspace.id) == id) return workspace;
+  }
+  return std::nullopt;
+}
+
+void AppModel::activateTaskOnDesktop(const RunningAppItem& task, bool noMinimise) {
+  runOnDesktop([task, noMinimise](AppModel& model) { model.activateTask(task, !noMinimise); });
+}
+
+void AppModel::hideOrMinimizeTaskOnDesktop(const RunningAppItem& task) {
+  runOnDesktop([task](AppModel& model) { model.hideOrMinimizeTask(task); });
+}
+
+void AppModel::setGroupPopupShown(const std::string& groupID, bool shown, bool holdsOverflow) {
+  std::set<std::string> open = openGroupedLists.get();
+  if (shown) {
+    open.insert(groupID);
+  } else {
+    open.erase(groupID);
+  }
+  openGroupedLists = std::move(open);
+  if (holdsOverflow) overflowHeldByGroupPopup = shown;
+}
+
+bool performMenuAction(AppModel& model, const MenuAction& action) {
+  switch (action.command) {
+    case MenuCommand::ActivateTask:
+      return withTask(model, action, [&](const RunningAppItem& task) {
+        model.activateTaskOnDesktop(task, model.isOffDesktopWorkspace());
+      });
+    case MenuCommand::ActivateGroup:
+      return withGroup(model, action, [&](const RunningAppGroup& group) {
+        model.activateGroup(group);
+        return true;
+      });
+    case MenuCommand::MinimizeGroup:
+      return withGroup(model, action, [&](const RunningAppGroup& group) {
+        model.minimizeGroup(group);
+        return true;
+      });
+    case MenuCommand::MaximizeTask:
+      return withTask(model, action, [&](const auto& task) { model.maximizeTask(task); });
+    case MenuCommand::RestoreTaskSize:
+      return withTask(model, action, [&](const auto& task) { model.restoreTaskSize(task); });
+    case MenuCommand::ToggleFullScreen:
+      return withTask(model, action, [&](const auto& task) { model.toggleFullScreen(task); });
+    case MenuCommand::HideOrMinimizeTask:
+      return withTask(model, action,
+                      [&](const auto& task) { model.hideOrMinimizeTaskOnDesktop(task); });
+    case MenuCommand::ConfirmQuitTaskApplication:
+      return withTask(model, action,
+                      [&](const auto& task) { model.confirmQuitTaskApplication(task); });
+    case MenuCommand::CloseTaskOnDesktop:
+      return withTask(model, action, [&](const auto& task) { model.closeTaskOnDesktop(task); });
+    case MenuCommand::CloseSettings:
+      if (!model.settingsCloseHandler) return false;
+      model.settingsCloseHandler();
+      return true;
+    case MenuCommand::MoveToFirst:
+    case MenuCommand::MoveToLast:
+      moveToEdge(model, action.subject, action.command == MenuCommand::MoveToFirst);
+      return true;
+    case MenuCommand::SetLumoPriority:
+      if (action.flag) {
+        model.lumoPriorityIDs.insert(action.subject);
+      } else {
+        model.lumoPriorityIDs.erase(action.subject);
+      }
+      return true;
+    case MenuCommand::CreateCustomGroup:
+      if (isGroupID(action.subject)) {
+        return withGroup(model, action, [&](const RunningAppGroup& group) {
+          model.createCustomGroup(group.windows);
+          return true;
+        });
+      }
+      return withTask(model, action, [&](const auto& task) { model.createCustomGroup({task}); });
+    case MenuCommand::MoveTaskToParentGroup:
+      return withTask(model, action, [&](const auto& task) { model.moveTaskToParentGroup(task); });
+    case MenuCommand::RestoreParentGroup:
+      return withTask(model, action, [&](const auto& task) { model.restoreParentGroup(task); });
+    case MenuCommand::RemoveTaskFromGroup: {
+      auto workspace = findWorkspace(model, action.subject);
+      if (!workspace) return false;
+      model.removeTaskFromGroup(*workspace);
+      return true;
+    }
+    case MenuCommand::UngroupList:
+      return withGroup(model, action, [&](const RunningAppGroup& group) {
+        model.ungroupList(group);
+        return true;
+      });
+    case MenuCommand::ChangeCustomGroupIcon:
+      return withGroup(model, action, [&](const RunningAppGroup& group) {
+        model.changeCustomGroupIcon(group);
+        return true;
+      });
+    case MenuCommand::QuitGroup:
+      return withGroup(model, action, [&](const auto& group) { return quitGroup(model, group); });
+    case MenuCommand::CloseGroup:
+      return withGroup(model, action, [&](const auto& group) { return closeGroup(model, group); });
+    case MenuCommand::SetTabColorOpacity:
+      model.settings.tabColorOpacity = action.value;
+      model.persistSettings();
+      model.modelChanged.emit();
+      return true;
+    case MenuCommand::RequestWorkspaceSwitch: {
+      auto workspace = findWorkspace(model, action.subject);
+      if (!workspace) return false;
+      model.requestWorkspaceSwitch(*workspace);
+      return true;
+    }
+    case MenuCommand::ActivateWorkspaceTask:
+    case MenuCommand::ArmResize:
+    case MenuCommand::AddStartFavorite:
+    case MenuCommand::OpenColorSettings:
+    case MenuCommand::SetColor:
+    case MenuCommand::PickColor:
+    case MenuCommand::LeaveWorkspaceFullScreen:
+    case MenuCommand::ConfirmQuitWorkspace:
+    case MenuCommand::ConfirmCloseWorkspace:
+    case MenuCommand::EditWorkspaceTitle:
+    case MenuCommand::ForcePlacement:
+    case MenuCommand::SetWorkspaceTaskbarBehavior:
+    case MenuCommand::ResyncTaskbarOnDesktop:
+    case MenuCommand::OpenWorkspacePanel:
+    case MenuCommand::ConfirmQuitAllApplications:
+      return false;
+  }
+  return false;
+}
+
+Menu entryMenu(const AppModel& model, const TaskbarEntry& entry) {
+  if (entry.workspaceGroup) {
+    return workspaceGroupMenu(*entry.workspaceGroup, model.settings.workspaceTaskbarBehavior);
+  }
+  if (entry.group) return groupButtonMenu(groupMenuFacts(model, *entry.group));
+  TaskMenuFacts facts;
+  facts.item = entryTask(model, entry).value_or(RunningAppItem{});
+  facts.isSettingsTab = facts.item.id == kSettingsTabID;
+  facts.workspace = entry.workspace ? entry.workspace : workspaceOfTask(model, facts.item);
+  if (facts.workspace) {
+    facts.workspaceApplicationName = workspaceApplicationName(model, *facts.workspace);
+  }
+  return taskButtonMenu(facts);
+}
+
+Menu groupHeaderMenu(const AppModel& model, const RunningAppGroup& group) {
+  return groupHeaderMenu(groupMenuFacts(model, group));
+}
+
+Menu groupRowMenu(const AppModel& model, const RunningAppGroup& group,
+                  const RunningAppItem& window) {
+  auto workspace = workspaceOfTask(model, window);
+  std::optional<std::string> application =
+      workspace ? workspaceApplicationName(model, *workspace) : std::nullopt;
+  return groupRowMenu(group, window, workspace, application);
+}
+
+Menu workspaceRowMenu(const AppModel& model, const ManagedWorkspaceTask& workspace) {
+  WorkspaceMenuFacts facts;
+  facts.workspace = workspace;
+  facts.applicationName = workspaceApplicationName(model, workspace);
+  for (const auto& other : model.managedWorkspaceTasks.get()) {
+    if (other.id != workspace.id) facts.otherWorkspaces.push_back(other);
+  }
+  facts.taskbarBehavior = model.settings.workspaceTaskbarBehavior;
+  return workspaceRowMenu(facts);
+}
+
+}  // namespace tolv

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QColor>
+#include <QPainterPath>
+#include <QRectF>
+
+class QPainter;
+
+namespace tolv {
+
+// The symbols the bar draws, as vector paths of our own.
+enum class Glyph {
+  ChevronUp,
+  ChevronDown,
+  XMark,
+  Checkmark,
+  ArrowDown,
+  Exclamation,
+  Lock,
+};
+
+// The glyph's outline in `box`, to be stroked (the exclamation mark and the
+// lock are filled).
+QPainterPath glyphPath(Glyph glyph, const QRectF& box);
+bool glyphIsFilled(Glyph glyph);
+
+// Draws the glyph in `box` in `color`; `weight` is the stroke width for
+// stroked glyphs.
+void drawGlyph(QPainter& painter, Glyph glyph, const QRectF& box, const QColor& color,
+               double weight);
+
+}  // namespace tolv
