@@ -36,8 +36,9 @@ AXElement makeElement(X11Element element) {
 
 }  // namespace
 
-X11Accessibility::X11Accessibility(X11Connection& connection, X11Clients& clients, RunLoop& runLoop)
-    : connection_(connection), clients_(clients), runLoop_(runLoop) {
+X11Accessibility::X11Accessibility(X11Connection& connection, X11Clients& clients,
+                                   X11WindowActions& actions, RunLoop& runLoop)
+    : connection_(connection), clients_(clients), actions_(actions), runLoop_(runLoop) {
   using Kind = X11Element::Kind;
   subscriptions_.push_back(clients_.appeared().subscribe([this](xcb_window_t window, Pid pid) {
     announce(pid, {Kind::Application, pid, XCB_WINDOW_NONE}, {Kind::Window, pid, window},
@@ -126,11 +127,9 @@ AXValue X11Accessibility::readApplication(const X11Element& element, std::string
     return list;
   }
   if (attribute == ax::FocusedWindow) {
-    const xcb_window_t active = clients_.activeWindow();
-    if (clients_.pidOf(active) == element.pid) return windowElement(element.pid, active);
-    auto windows = clients_.taskWindowsOf(element.pid);
-    if (windows.empty()) return AXError::NoValue;
-    return windowElement(element.pid, windows.front());
+    const xcb_window_t front = actions_.frontWindowOf(element.pid);
+    if (front == XCB_WINDOW_NONE) return AXError::NoValue;
+    return windowElement(element.pid, front);
   }
   if (attribute == ax::Frontmost) return clients_.pidOf(clients_.activeWindow()) == element.pid;
   if (attribute == ax::Role) return std::string("AXApplication");
@@ -156,14 +155,73 @@ AXValue X11Accessibility::readWindow(const X11Element& element, std::string_view
     if (attribute == ax::Size) return AXSize{frame->width, frame->height};
     return AXPoint{frame->x, frame->y};
   }
-  if (attribute == ax::Minimized) {
-    return connection_.hasAtom(window, "_NET_WM_STATE", "_NET_WM_STATE_HIDDEN");
-  }
+  if (attribute == ax::Minimized) return actions_.isMinimized(window);
   if (attribute == ax::CloseButton) {
-    if (!connection_.hasAtom(window, "WM_PROTOCOLS", "WM_DELETE_WINDOW")) return AXError::NoValue;
+    if (!actions_.canClose(window)) return AXError::NoValue;
     return makeElement({X11Element::Kind::CloseButton, element.pid, window});
   }
   return AXError::AttributeUnsupported;
+}
+
+AXError X11Accessibility::setAttribute(const AXElement& element, std::string_view attribute,
+                                       const AXValue& value) {
+  const auto* x11 = element.as<X11Element>();
+  if (auto error = failure(x11)) return *error;
+  switch (x11->kind) {
+    case X11Element::Kind::Application: {
+      if (attribute != ax::Frontmost) return AXError::AttributeUnsupported;
+      auto frontmost = axBool(value);
+      if (!frontmost) return AXError::IllegalArgument;
+      if (!*frontmost) return AXError::Success;
+      const xcb_window_t front = actions_.frontWindowOf(x11->pid);
+      if (front == XCB_WINDOW_NONE) return AXError::CannotComplete;
+      actions_.activate(front);
+      return AXError::Success;
+    }
+    case X11Element::Kind::Window:
+      break;
+    case X11Element::Kind::CloseButton:
+      return AXError::AttributeUnsupported;
+  }
+  if (attribute == ax::Minimized) {
+    auto minimized = axBool(value);
+    if (!minimized) return AXError::IllegalArgument;
+    if (*minimized) {
+      actions_.minimize(x11->window);
+    } else {
+      actions_.restore(x11->window);
+    }
+    return AXError::Success;
+  }
+  if (attribute == ax::Position) {
+    auto position = axPoint(value);
+    if (!position) return AXError::IllegalArgument;
+    actions_.moveFrame(x11->window, *position, std::nullopt);
+    return AXError::Success;
+  }
+  if (attribute == ax::Size) {
+    auto size = axSize(value);
+    if (!size) return AXError::IllegalArgument;
+    actions_.moveFrame(x11->window, std::nullopt, *size);
+    return AXError::Success;
+  }
+  return AXError::AttributeUnsupported;
+}
+
+AXError X11Accessibility::performAction(const AXElement& element, std::string_view action) {
+  const auto* x11 = element.as<X11Element>();
+  if (auto error = failure(x11)) return *error;
+  if (x11->kind == X11Element::Kind::Window && action == ax::RaiseAction) {
+    actions_.activate(x11->window);
+    return AXError::Success;
+  }
+  if (x11->kind == X11Element::Kind::CloseButton && action == ax::PressAction) {
+    // The button went with the protocol: the window no longer takes a polite close.
+    if (!actions_.canClose(x11->window)) return AXError::CannotComplete;
+    actions_.close(x11->window);
+    return AXError::Success;
+  }
+  return AXError::ActionUnsupported;
 }
 
 uint64_t X11Accessibility::hash(const AXElement& element) {

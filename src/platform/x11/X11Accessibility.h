@@ -6,6 +6,7 @@
 #include "platform/Accessibility.h"
 #include "platform/RunLoop.h"
 #include "platform/x11/X11Clients.h"
+#include "platform/x11/X11WindowActions.h"
 
 namespace tolv::x11 {
 
@@ -23,11 +24,13 @@ class X11Observer;
 // Client windows as accessibility elements. Every process may be read (the
 // shell is always trusted); window attributes come from the window's EWMH and
 // ICCCM properties, positions and sizes from its frame, in root coordinates,
-// which are the accessibility's own (top left, y down). Observers hear of
-// windows as the client list and their properties change.
+// which are the accessibility's own (top left, y down). Writes and actions
+// become requests to the window manager. Observers hear of windows as the
+// client list and their properties change.
 class X11Accessibility : public Accessibility {
  public:
-  X11Accessibility(X11Connection& connection, X11Clients& clients, RunLoop& runLoop);
+  X11Accessibility(X11Connection& connection, X11Clients& clients, X11WindowActions& actions,
+                   RunLoop& runLoop);
   ~X11Accessibility() override;
 
   bool isProcessTrusted() override { return true; }
@@ -36,6 +39,9 @@ class X11Accessibility : public Accessibility {
   AXValue copyAttribute(const AXElement& element, std::string_view attribute) override;
   std::optional<std::vector<AXValue>> copyMultipleAttributes(
       const AXElement& element, const std::vector<std::string>& attributes) override;
+  AXError setAttribute(const AXElement& element, std::string_view attribute,
+                       const AXValue& value) override;
+  AXError performAction(const AXElement& element, std::string_view action) override;
   uint64_t hash(const AXElement& element) override;
   bool equal(const AXElement& a, const AXElement& b) override;
   std::optional<uint32_t> windowNumber(const AXElement& window) override;
@@ -60,6 +66,7 @@ class X11Accessibility : public Accessibility {
 
   X11Connection& connection_;
   X11Clients& clients_;
+  X11WindowActions& actions_;
   RunLoop& runLoop_;
   std::vector<std::weak_ptr<X11Observer>> observers_;
   std::vector<Subscription> subscriptions_;

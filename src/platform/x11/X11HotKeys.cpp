@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <memory>
 
+#include "platform/Input.h"
+
 namespace tolv::x11 {
 
 namespace {
@@ -41,6 +43,10 @@ uint32_t keysymOf(int keyCode) {
       return 0xff53;
     case key_code::Down:
       return 0xff54;
+    case posted_key::F:
+      return 0x0066;
+    case posted_key::W:
+      return 0x0077;
     default:
       return 0;
   }

@@ -12,8 +12,10 @@
 #include "platform/x11/X11Clients.h"
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11HotKeys.h"
+#include "platform/x11/X11Input.h"
 #include "platform/x11/X11Pointer.h"
 #include "platform/x11/X11Screens.h"
+#include "platform/x11/X11WindowActions.h"
 #include "platform/x11/X11WindowServer.h"
 #include "platform/x11/X11Workspace.h"
 #include "platform/x11/XdgFolders.h"
@@ -26,12 +28,14 @@ struct X11Platform::Services {
   qt::QtImages images;
   std::unique_ptr<PosixFileSystem> fileSystem;
   std::unique_ptr<PlistUserDefaults> userDefaults;
+  std::unique_ptr<X11WindowActions> windowActions;
   std::unique_ptr<X11Accessibility> accessibility;
   std::unique_ptr<X11Workspace> workspace;
   std::unique_ptr<X11WindowServer> windowServer;
   std::unique_ptr<X11Screens> screens;
   std::unique_ptr<X11Pointer> pointer;
   std::unique_ptr<X11HotKeys> hotKeys;
+  std::unique_ptr<X11Input> input;
   std::unique_ptr<qt::QtAlerts> alerts;
   std::unique_ptr<PosixProcesses> processes;
   NotificationCenter notificationCenter;
@@ -55,11 +59,14 @@ std::unique_ptr<X11Platform> X11Platform::open(const std::string& display, std::
   s.fileSystem = std::make_unique<PosixFileSystem>(dataFolder.empty() ? x11::dataFolder()
                                                                       : std::move(dataFolder));
   s.screens = std::make_unique<X11Screens>(x);
-  s.accessibility = std::make_unique<X11Accessibility>(x, *bundle->clients_, s.runLoop);
-  s.workspace = std::make_unique<X11Workspace>(x, *bundle->clients_, s.runLoop);
+  s.windowActions = std::make_unique<X11WindowActions>(x, *bundle->clients_);
+  s.accessibility =
+      std::make_unique<X11Accessibility>(x, *bundle->clients_, *s.windowActions, s.runLoop);
+  s.workspace = std::make_unique<X11Workspace>(x, *bundle->clients_, *s.windowActions, s.runLoop);
   s.windowServer = std::make_unique<X11WindowServer>(x, *bundle->clients_);
   s.pointer = std::make_unique<X11Pointer>(x, *s.screens);
   s.hotKeys = std::make_unique<X11HotKeys>(x);
+  s.input = std::make_unique<X11Input>(x, *bundle->clients_, *s.windowActions);
   s.alerts = std::make_unique<qt::QtAlerts>();
   s.processes = std::make_unique<PosixProcesses>(s.workspace->mainBundle().identifier.value_or(""));
 
@@ -77,6 +84,7 @@ std::unique_ptr<X11Platform> X11Platform::open(const std::string& display, std::
   p.distributedNotificationCenter = &s.distributedNotificationCenter;
   p.processes = s.processes.get();
   p.hotKeys = s.hotKeys.get();
+  p.input = s.input.get();
 
   // A defaults file that can't be read is noted in the runtime log, which needs
   // the rest of the platform; the defaults come last for that reason.

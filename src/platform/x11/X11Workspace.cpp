@@ -11,9 +11,13 @@
 
 namespace tolv::x11 {
 
-X11Workspace::X11Workspace(X11Connection& connection, X11Clients& clients, RunLoop& runLoop,
-                           DesktopEntries entries)
-    : connection_(connection), clients_(clients), runLoop_(runLoop), entries_(std::move(entries)) {
+X11Workspace::X11Workspace(X11Connection& connection, X11Clients& clients,
+                           X11WindowActions& actions, RunLoop& runLoop, DesktopEntries entries)
+    : connection_(connection),
+      clients_(clients),
+      actions_(actions),
+      runLoop_(runLoop),
+      entries_(std::move(entries)) {
   for (Pid pid : clients_.taskPids())
     running_.insert(pid);
   activePid_ = clients_.pidOf(clients_.activeWindow());
@@ -42,6 +46,7 @@ void X11Workspace::announceChanges() {
   for (Pid pid : running_) {
     if (!now.count(pid)) {
       identities_.erase(pid);
+      hiddenWindows_.erase(pid);
       post(workspace_notification::DidTerminateApplication, pid);
     }
   }
@@ -106,29 +111,81 @@ const X11Workspace::Identity& X11Workspace::identityOf(Pid pid, xcb_window_t win
   return identities_.emplace(pid, std::move(identity)).first->second;
 }
 
+RunningApplication X11Workspace::describe(Pid pid, const std::vector<xcb_window_t>& windows) {
+  const Identity& identity = identityOf(pid, windows.front());
+  RunningApplication app;
+  app.processIdentifier = pid;
+  app.activationPolicy = ActivationPolicy::Regular;
+  app.isActive = clients_.pidOf(clients_.activeWindow()) == pid;
+  app.isHidden = std::all_of(windows.begin(), windows.end(),
+                             [&](xcb_window_t window) { return actions_.isMinimized(window); });
+  app.localizedName = identity.name;
+  app.bundleIdentifier = identity.bundleIdentifier;
+  app.icon = identity.icon;
+  return app;
+}
+
 std::vector<RunningApplication> X11Workspace::runningApplications() {
   std::vector<RunningApplication> apps;
-  const auto activePid = clients_.pidOf(clients_.activeWindow());
-  for (Pid pid : clients_.taskPids()) {
-    auto windows = clients_.taskWindowsOf(pid);
-    const Identity& identity = identityOf(pid, windows.front());
-    RunningApplication app;
-    app.processIdentifier = pid;
-    app.activationPolicy = ActivationPolicy::Regular;
-    app.isActive = activePid == pid;
-    app.isHidden = std::all_of(windows.begin(), windows.end(), [&](xcb_window_t window) {
-      return connection_.hasAtom(window, "_NET_WM_STATE", "_NET_WM_STATE_HIDDEN");
-    });
-    app.localizedName = identity.name;
-    app.bundleIdentifier = identity.bundleIdentifier;
-    app.icon = identity.icon;
-    apps.push_back(std::move(app));
-  }
+  for (Pid pid : clients_.taskPids())
+    apps.push_back(describe(pid, clients_.taskWindowsOf(pid)));
   return apps;
+}
+
+std::optional<RunningApplication> X11Workspace::runningApplication(Pid pid) {
+  auto windows = clients_.taskWindowsOf(pid);
+  if (windows.empty()) return std::nullopt;
+  return describe(pid, windows);
 }
 
 Pid X11Workspace::ownProcessIdentifier() {
   return static_cast<Pid>(::getpid());
+}
+
+bool X11Workspace::activate(Pid pid, uint32_t options) {
+  const xcb_window_t front = actions_.frontWindowOf(pid);
+  if (front == XCB_WINDOW_NONE) return false;
+  // The other windows come forward first, the front one last, over them all.
+  if (options & activation_option::AllWindows) {
+    for (xcb_window_t window : clients_.taskWindowsOf(pid)) {
+      if (window != front && !actions_.isMinimized(window)) actions_.activate(window);
+    }
+  }
+  actions_.activate(front);
+  return true;
+}
+
+bool X11Workspace::hide(Pid pid) {
+  auto windows = clients_.taskWindowsOf(pid);
+  if (windows.empty()) return false;
+  auto& hidden = hiddenWindows_[pid];
+  for (xcb_window_t window : windows) {
+    if (actions_.isMinimized(window)) continue;
+    actions_.minimize(window);
+    hidden.push_back(window);
+  }
+  post(workspace_notification::DidHideApplication, pid);
+  return true;
+}
+
+bool X11Workspace::unhide(Pid pid) {
+  if (clients_.taskWindowsOf(pid).empty()) return false;
+  auto hidden = hiddenWindows_.find(pid);
+  if (hidden == hiddenWindows_.end()) return true;
+  for (xcb_window_t window : hidden->second) {
+    if (clients_.pidOf(window) == pid) actions_.restore(window);
+  }
+  hiddenWindows_.erase(hidden);
+  post(workspace_notification::DidUnhideApplication, pid);
+  return true;
+}
+
+bool X11Workspace::terminate(Pid pid) {
+  auto windows = clients_.taskWindowsOf(pid);
+  if (windows.empty()) return false;
+  for (xcb_window_t window : windows)
+    actions_.close(window);
+  return true;
 }
 
 BundleInfo X11Workspace::mainBundle() {
