@@ -1,5 +1,5 @@
-// The entry point: `tolv --simulate [SCENARIO]` runs Tolv over the simulated
-// desktop, live or headless; the live desktop comes with its backend.
+// The entry point: `tolv` runs Tolv on the live X11 desktop; `tolv --simulate
+// [SCENARIO]` runs it over the simulated desktop, shown or headless.
 
 #include <cstdio>
 #include <cstring>
@@ -7,6 +7,7 @@
 #include <string>
 
 #include "app/scenario/Scenario.h"
+#include "app/view/LiveApp.h"
 #include "app/view/SimulationApp.h"
 #include "platform/sim/DemoDesktop.h"
 
@@ -17,10 +18,13 @@ constexpr int kUsageStatus = 2;
 void printUsage(FILE* out) {
   std::fprintf(
       out,
-      "usage: tolv --simulate [SCENARIO] [--headless] [--dump OUT.jsonl] [--snapshot DIR]\n"
+      "usage: tolv\n"
+      "       tolv --simulate [SCENARIO] [--headless] [--dump OUT.jsonl] [--snapshot DIR]\n"
       "       tolv --help\n"
       "       tolv --version\n"
       "\n"
+      "  (no option)            run on the live X11 desktop that DISPLAY names, until\n"
+      "                         interrupted or terminated\n"
       "  --simulate [SCENARIO]  run over a simulated desktop: the scenario file's, else\n"
       "                         the built-in demo desktop\n"
       "  --headless             run on the virtual clock to the scenario's end, offscreen\n"
@@ -77,10 +81,13 @@ int main(int argc, char** argv) {
         command.simulation.snapshotDirectory) {
       return usageError("--headless, --dump and --snapshot go with --simulate");
     }
-    std::fprintf(stderr,
-                 "tolv: the live desktop isn't supported in this build yet; "
-                 "run 'tolv --simulate' for the simulated desktop\n");
-    return 1;
+    if (!tolv::hasXDisplay()) {
+      std::fprintf(stderr,
+                   "tolv: there is no X display: DISPLAY is not set. Run Tolv inside an X11 "
+                   "session, or run 'tolv --simulate' for the simulated desktop.\n");
+      return 1;
+    }
+    return tolv::runLiveDesktop(argc, argv);
   }
 
   try {

@@ -21,8 +21,11 @@ void setAtoms(X11Connection& connection, xcb_window_t window, const char* proper
 
 void makeDockWindow(X11Connection& connection, QWidget& widget) {
   QWidget& window = *widget.window();
-  window.setWindowFlags(window.windowFlags() | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
-                        Qt::WindowDoesNotAcceptFocus);
+  // Changing the flags makes a new native window; a window that has them keeps its own.
+  const Qt::WindowFlags wanted =
+      Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus;
+  if ((window.windowFlags() & wanted) != wanted)
+    window.setWindowFlags(window.windowFlags() | wanted);
   window.setAttribute(Qt::WA_X11NetWmWindowTypeDock);
   window.setAttribute(Qt::WA_ShowWithoutActivating);
   // The native window exists from here on; its properties are read when it is mapped.

@@ -59,22 +59,43 @@ void LiveDesktopTest::TearDown() {
   if (!scratch_.empty()) std::filesystem::remove_all(scratch_);
 }
 
-Pid LiveDesktopTest::spawn(const std::vector<std::string>& arguments) {
+Pid LiveDesktopTest::spawn(const std::vector<std::string>& arguments,
+                           const std::string& outputPath) {
   std::vector<char*> argv;
   for (const auto& argument : arguments)
     argv.push_back(const_cast<char*>(argument.c_str()));
   argv.push_back(nullptr);
   // The clients' output would hold the test's own output open past its end.
+  const char* output = outputPath.empty() ? "/dev/null" : outputPath.c_str();
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_addopen(&actions, 1, "/dev/null", O_WRONLY, 0);
-  posix_spawn_file_actions_addopen(&actions, 2, "/dev/null", O_WRONLY, 0);
+  posix_spawn_file_actions_addopen(&actions, 1, output, O_WRONLY | O_CREAT | O_TRUNC, 0644);
+  posix_spawn_file_actions_adddup2(&actions, 1, 2);
   pid_t pid = 0;
   const int failed = posix_spawnp(&pid, argv[0], &actions, nullptr, argv.data(), environ);
   posix_spawn_file_actions_destroy(&actions);
   if (failed != 0) return 0;
   children_.push_back(pid);
   return pid;
+}
+
+std::optional<int> LiveDesktopTest::waitForExit(Pid pid, double seconds) {
+  std::optional<int> status;
+  waitUntil(
+      [&] {
+        int raw = 0;
+        if (::waitpid(pid, &raw, WNOHANG) != pid) return false;
+        status = WIFEXITED(raw) ? WEXITSTATUS(raw) : 128 + WTERMSIG(raw);
+        return true;
+      },
+      seconds);
+  if (status) std::erase(children_, pid);
+  return status;
+}
+
+std::string LiveDesktopTest::tolvProgram() {
+  const char* build = std::getenv("TOLV_BUILD_DIR");
+  return std::string(build ? build : ".") + "/tolv";
 }
 
 int LiveDesktopTest::run(const std::vector<std::string>& arguments) {

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,8 +24,14 @@ class LiveDesktopTest : public ::testing::Test {
   void SetUp() override;
   void TearDown() override;
 
-  // Starts a client program; its pid.
-  Pid spawn(const std::vector<std::string>& arguments);
+  // Starts a client program; its pid. Its output goes to `outputPath`, else nowhere.
+  Pid spawn(const std::vector<std::string>& arguments, const std::string& outputPath = {});
+  // Waits for a program started here to end; its exit status, or nothing when it
+  // is still running after `seconds`.
+  std::optional<int> waitForExit(Pid pid, double seconds = 15.0);
+  // The built program, next to the tests.
+  static std::string tolvProgram();
+  std::string scratchFolder() const { return scratch_; }
   // Runs a program to its end; its exit status.
   int run(const std::vector<std::string>& arguments);
   void terminate(Pid pid);
