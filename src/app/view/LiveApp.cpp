@@ -1,6 +1,7 @@
 #include "app/view/LiveApp.h"
 
 #include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QEvent>
 #include <QWidget>
 
@@ -8,6 +9,7 @@
 #include <cstdlib>
 
 #include "app/AppDelegate.h"
+#include "app/scenario/ScenarioRun.h"
 #include "app/view/AppEventLoop.h"
 #include "app/view/PanelScenarioViews.h"
 #include "platform/qt/QtPlatform.h"
@@ -46,7 +48,45 @@ bool hasXDisplay() {
   return display && *display;
 }
 
-int runLiveDesktop(int& argc, char** argv) {
+namespace {
+
+int runScenario(const Platform& platform, PanelScenarioViews& views, LiveScenarioOptions options) {
+  CheckpointDump dump;
+  if (options.dumpPath && !dump.open(*options.dumpPath)) return 1;
+  scenario::RunOptions runOptions;
+  runOptions.headless = false;
+  runOptions.snapshotDirectory = options.snapshotDirectory;
+  runOptions.writeLine = [&](const scenario::OutJson& line) {
+    if (dump.isOpen()) {
+      dump.write(line);
+    } else {
+      std::printf("%s\n", line.dump().c_str());
+      std::fflush(stdout);
+    }
+  };
+  const double end = options.scenario.endTime();
+  scenario::ScenarioRun run(std::move(options.scenario), platform, &views, runOptions);
+  QElapsedTimer clock;
+  clock.start();
+  run.launch();
+  const int status = runEventLoopUntilEnd(*platform.processes, [&]() -> std::optional<int> {
+    const double now = static_cast<double>(clock.elapsed()) / 1000.0;
+    try {
+      run.runUntil(now);
+    } catch (const scenario::ScenarioError& error) {
+      std::fprintf(stderr, "tolv: %s\n", error.what());
+      return scenario::kScenarioErrorStatus;
+    }
+    if (now >= end) return 0;
+    return std::nullopt;
+  });
+  run.terminate();
+  return status;
+}
+
+}  // namespace
+
+int runLiveDesktop(int& argc, char** argv, std::optional<LiveScenarioOptions> liveScenario) {
   // The panels are windows of the X display, whatever the environment asks of the toolkit.
   ::setenv("QT_QPA_PLATFORM", "xcb", 1);
   qt::ensureApplication(argc, argv);
@@ -57,6 +97,8 @@ int runLiveDesktop(int& argc, char** argv) {
   }
   DockPanels docks(desktop->connection());
   PanelScenarioViews views;
+  if (liveScenario) return runScenario(desktop->platform(), views, std::move(*liveScenario));
+
   AppDelegate delegate(desktop->platform(),
                        views.controllerFactories(scenario::TextMeasure::Toolkit));
   delegate.applicationDidFinishLaunching();
