@@ -47,7 +47,26 @@ void LiveDesktopTest::SetUp() {
   scratch_ = ::mkdtemp(pattern);
   configFolder = scratch_ + "/config/Tolv";
   dataFolder = scratch_ + "/data/Tolv";
+  // The test's folders, for the platform and every copy of Tolv it starts. The
+  // platform counts as a running copy in its runtime folder, so the copies
+  // started by the test get another one.
+  auto privateFolder = [&](const std::string& name) {
+    const std::string path = scratch_ + "/" + name;
+    std::filesystem::create_directories(path);
+    std::filesystem::permissions(path, std::filesystem::perms::owner_all);
+    return path;
+  };
+  for (const auto& [name, value] :
+       {std::pair<const char*, std::string>{"XDG_CONFIG_HOME", scratch_ + "/config"},
+        {"XDG_DATA_HOME", scratch_ + "/data"},
+        {"XDG_RUNTIME_DIR", privateFolder("runtime-of-test")}}) {
+    const char* before = std::getenv(name);
+    savedEnvironment_.emplace_back(name,
+                                   before ? std::optional<std::string>(before) : std::nullopt);
+    ::setenv(name, value.c_str(), 1);
+  }
   desktop = X11Platform::open({}, configFolder, dataFolder);
+  ::setenv("XDG_RUNTIME_DIR", privateFolder("runtime").c_str(), 1);
   ASSERT_NE(desktop, nullptr) << "the display " << fixtureDisplay() << " can't be opened";
 }
 
@@ -56,6 +75,14 @@ void LiveDesktopTest::TearDown() {
   for (Pid pid : children)
     terminate(pid);
   desktop.reset();
+  for (const auto& [name, value] : savedEnvironment_) {
+    if (value) {
+      ::setenv(name.c_str(), value->c_str(), 1);
+    } else {
+      ::unsetenv(name.c_str());
+    }
+  }
+  savedEnvironment_.clear();
   if (!scratch_.empty()) std::filesystem::remove_all(scratch_);
 }
 

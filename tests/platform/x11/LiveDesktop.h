@@ -16,8 +16,10 @@ namespace tolv::x11::testing {
 
 // A test against the X server and window manager that the live-desktop fixture
 // started: the display comes from the fixture's state file, named by
-// TOLV_X11_DESKTOP_STATE. Clients started by a test end with it. Waits spin the
-// toolkit's event loop until their condition holds, bounded by a deadline.
+// TOLV_X11_DESKTOP_STATE. Each test has its own XDG folders, set in the
+// environment for the programs it starts. Clients started by a test end with
+// it. Waits spin the toolkit's event loop until their condition holds, bounded
+// by a deadline.
 class LiveDesktopTest : public ::testing::Test {
  protected:
   static void SetUpTestSuite();
@@ -45,6 +47,7 @@ class LiveDesktopTest : public ::testing::Test {
  private:
   std::vector<Pid> children_;
   std::string scratch_;
+  std::vector<std::pair<std::string, std::optional<std::string>>> savedEnvironment_;
 };
 
 }  // namespace tolv::x11::testing

@@ -4,7 +4,6 @@
 #include <signal.h>
 #include <stdlib.h>
 
-#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -29,33 +28,12 @@ std::string contents(const std::string& path) {
   return text.str();
 }
 
-// The built program on the live desktop, with its own configuration folders.
+// The built program on the live desktop.
 class LiveProgram : public LiveDesktopTest {
  protected:
   void SetUp() override {
     LiveDesktopTest::SetUp();
-    for (const char* name : kFolderVariables) {
-      const char* value = std::getenv(name);
-      saved_.emplace_back(name, value ? std::optional<std::string>(value) : std::nullopt);
-    }
-    ::setenv("XDG_CONFIG_HOME", (scratchFolder() + "/config").c_str(), 1);
-    ::setenv("XDG_DATA_HOME", (scratchFolder() + "/data").c_str(), 1);
-    // The test's own platform counts as a running copy in the shared runtime folder.
-    const std::string runtime = scratchFolder() + "/runtime";
-    std::filesystem::create_directories(runtime);
-    ::setenv("XDG_RUNTIME_DIR", runtime.c_str(), 1);
     output = scratchFolder() + "/tolv.out";
-  }
-
-  void TearDown() override {
-    LiveDesktopTest::TearDown();
-    for (const auto& [name, value] : saved_) {
-      if (value) {
-        ::setenv(name.c_str(), value->c_str(), 1);
-      } else {
-        ::unsetenv(name.c_str());
-      }
-    }
   }
 
   // The managed windows of a process that are docks of the desktop.
@@ -103,11 +81,6 @@ class LiveProgram : public LiveDesktopTest {
   }
 
   std::string output;
-
- private:
-  static constexpr const char* kFolderVariables[] = {"XDG_CONFIG_HOME", "XDG_DATA_HOME",
-                                                     "XDG_RUNTIME_DIR"};
-  std::vector<std::pair<std::string, std::optional<std::string>>> saved_;
 };
 
 TEST_F(LiveProgram, WithoutADisplayItSaysSoAndPointsToTheSimulation) {
