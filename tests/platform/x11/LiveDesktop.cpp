@@ -120,11 +120,6 @@ std::optional<int> LiveDesktopTest::waitForExit(Pid pid, double seconds) {
   return status;
 }
 
-std::string LiveDesktopTest::tolvProgram() {
-  const char* build = std::getenv("TOLV_BUILD_DIR");
-  return std::string(build ? build : ".") + "/tolv";
-}
-
 int LiveDesktopTest::run(const std::vector<std::string>& arguments) {
   Pid pid = spawn(arguments);
   if (pid <= 0) return -1;

@@ -31,8 +31,8 @@ class LiveDesktopTest : public ::testing::Test {
   // Waits for a program started here to end; its exit status, or nothing when it
   // is still running after `seconds`.
   std::optional<int> waitForExit(Pid pid, double seconds = 15.0);
-  // The built program, next to the tests.
-  static std::string tolvProgram();
+  // The built program.
+  static std::string tolvProgram() { return TOLV_PROGRAM; }
   std::string scratchFolder() const { return scratch_; }
   // Runs a program to its end; its exit status.
   int run(const std::vector<std::string>& arguments);

@@ -146,8 +146,7 @@ TEST_F(LiveProgram, AScenarioCallsAndChecksTheLiveDesktopOnTheRealClock) {
 
   // The bar over the real windows, kept beside the build for a person to look at.
   QImage shown = screenshot();
-  const char* build = std::getenv("TOLV_BUILD_DIR");
-  if (build) shown.save(QString::fromStdString(std::string(build) + "/live-screenshot.png"));
+  EXPECT_TRUE(shown.save(TOLV_BUILD_DIR "/live-screenshot.png"));
   ASSERT_EQ(waitForExit(tolv), 0) << contents(output);
 
   const auto dumped = lines(dump);
