@@ -36,3 +36,25 @@ if(BUILD_TESTING)
     tolv_missing_package("Google Benchmark" libbenchmark-dev)
   endif()
 endif()
+
+# The live X11 desktop: xcb with its helper libraries, and libplist for the
+# defaults store. Only the toolkit build needs them.
+if(NOT TOLV_CORE_ONLY)
+  find_package(PkgConfig QUIET)
+  if(NOT PkgConfig_FOUND)
+    tolv_missing_package("pkg-config" pkg-config)
+  endif()
+  foreach(entry IN ITEMS
+      "xcb;libxcb1-dev" "xcb-ewmh;libxcb-ewmh-dev" "xcb-icccm;libxcb-icccm4-dev"
+      "xcb-randr;libxcb-randr0-dev" "xcb-keysyms;libxcb-keysyms1-dev"
+      "xcb-xtest;libxcb-xtest0-dev" "libplist-2.0;libplist-dev")
+    list(GET entry 0 module)
+    list(GET entry 1 package)
+    string(TOUPPER "${module}" variable)
+    string(REGEX REPLACE "[^A-Z0-9]" "_" variable "TOLV_${variable}")
+    pkg_check_modules(${variable} QUIET IMPORTED_TARGET ${module})
+    if(NOT ${variable}_FOUND)
+      tolv_missing_package("${module}" ${package})
+    endif()
+  endforeach()
+endif()

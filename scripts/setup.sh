@@ -12,6 +12,11 @@ packages=(
   nlohmann-json3-dev libicu-dev libssl-dev
   # views and the toolkit's platform services
   qt6-base-dev
+  # the live X11 desktop and the defaults store
+  libxcb1-dev libxcb-ewmh-dev libxcb-icccm4-dev libxcb-randr0-dev libxcb-keysyms1-dev
+  libxcb-xtest0-dev libplist-dev
+  # end-to-end tests: a real X server, window manager and clients
+  xvfb openbox x11-apps xterm xdotool x11-utils
 )
 
 missing=()

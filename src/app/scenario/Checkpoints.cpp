@@ -33,7 +33,7 @@ OutJson checkpointLine(RunContext& run, const std::string& name,
                        const std::optional<std::vector<std::string>>& fields) {
   OutJson line;
   line["checkpoint"] = name;
-  line["time"] = run.desktop.runLoop().now();
+  line["time"] = run.model.platform().runLoop->now() - run.startTime;
   for (const auto& field : fields ? *fields : fieldNames()) {
     if (auto value = (*findField(field))(run)) line[field] = std::move(*value);
   }

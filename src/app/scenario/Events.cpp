@@ -22,7 +22,7 @@ const EventReader* findEvent(std::string_view name) {
 
 Pid readKnownPid(JsonReader& entry, const CompileContext& context, std::string_view key) {
   int64_t pid = entry.requireInteger(key);
-  if (pid <= 0 || pid > INT32_MAX || !context.knownPids.count(static_cast<Pid>(pid))) {
+  if (pid <= 0 || pid > INT32_MAX || !context.knows(static_cast<Pid>(pid))) {
     entry.fail(key, "unknown application " + std::to_string(pid));
   }
   return static_cast<Pid>(pid);

@@ -29,7 +29,7 @@ void checkTask(const Json& given, const std::string& place, const CompileContext
   std::optional<int64_t> pid = selector.integer("pid");
   selector.finish();
   if (!title && !pid) failAt(place, "a task selector needs \"title\" or \"pid\"");
-  if (pid && !context.knownPids.count(static_cast<Pid>(*pid))) {
+  if (pid && !context.knows(static_cast<Pid>(*pid))) {
     failAt(place + ".pid", "unknown application " + std::to_string(*pid));
   }
 }
@@ -65,7 +65,7 @@ void checkArgument(ArgKind kind, const Json& given, const std::string& place,
       return expectType(given.is_number(), given, place, "a number");
     case ArgKind::Pid:
       expectType(given.is_number_integer(), given, place, "a pid");
-      if (!context.knownPids.count(static_cast<Pid>(given.get<int64_t>()))) {
+      if (!context.knows(static_cast<Pid>(given.get<int64_t>()))) {
         failAt(place, "unknown application " + std::to_string(given.get<int64_t>()));
       }
       return;

@@ -29,6 +29,12 @@ StepAction readEntry(JsonReader& entry, CompileContext& context) {
   std::string name = entry.requireString("event");
   const EventReader* reader = findEvent(name);
   if (!reader) entry.fail("event", "unknown event \"" + name + "\"");
+  if (context.liveDesktop) {
+    entry.fail("event", "the event \"" + name +
+                            "\" acts on the simulated desktop; a scenario without a \"desktop\" "
+                            "section runs on the live desktop, where only \"call\" and "
+                            "\"checkpoint\" entries run");
+  }
   return (*reader)(entry, context);
 }
 
@@ -60,15 +66,20 @@ double Scenario::endTime() const {
   return (timeline.empty() ? 0 : timeline.back().at) + runFor;
 }
 
-Scenario readScenario(const Json& document) {
+Scenario readScenario(const Json& document, DesktopChoice choice) {
   JsonReader top(document, "");
   Scenario scenario;
-  if (auto desktop = top.object("desktop")) scenario.desktop = readDesktop(*desktop);
+  if (auto desktop = top.object("desktop")) {
+    scenario.desktop = readDesktop(*desktop);
+  } else {
+    scenario.live = choice == DesktopChoice::LiveWithoutDesktop;
+  }
   if (auto runFor = top.number("runFor")) {
     if (*runFor < 0) top.fail("runFor", "a time from 0");
     scenario.runFor = *runFor;
   }
   CompileContext context;
+  context.liveDesktop = scenario.live;
   for (const auto& app : scenario.desktop.apps)
     context.knownPids.insert(app.pid);
   context.spaces = scenario.desktop.spaceIdentifiers();
@@ -85,7 +96,7 @@ Scenario readScenario(const Json& document) {
   return scenario;
 }
 
-Scenario parseScenario(std::string_view text) {
+Scenario parseScenario(std::string_view text, DesktopChoice choice) {
   Json document = Json::parse(text, nullptr, false);
   if (document.is_discarded()) {
     // Parse again with exceptions on, for the parser's description of the place.
@@ -95,16 +106,16 @@ Scenario parseScenario(std::string_view text) {
       throw ScenarioError(std::string("not valid JSON: ") + error.what());
     }
   }
-  return readScenario(document);
+  return readScenario(document, choice);
 }
 
-Scenario loadScenarioFile(const std::string& path) {
+Scenario loadScenarioFile(const std::string& path, DesktopChoice choice) {
   std::ifstream file(path, std::ios::binary);
   if (!file) throw ScenarioError(path + ": can't be read");
   std::ostringstream text;
   text << file.rdbuf();
   try {
-    return parseScenario(text.str());
+    return parseScenario(text.str(), choice);
   } catch (const ScenarioError& error) {
     throw ScenarioError(path + ": " + error.what());
   }

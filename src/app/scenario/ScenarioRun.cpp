@@ -21,6 +21,10 @@ ScenarioRun::ScenarioRun(Scenario scenario, ScenarioViews* views, RunOptions opt
       options_(std::move(options)),
       desktop_(std::make_unique<sim::SimDesktop>()) {}
 
+ScenarioRun::ScenarioRun(Scenario scenario, const Platform& live, ScenarioViews* views,
+                         RunOptions options)
+    : scenario_(std::move(scenario)), views_(views), options_(std::move(options)), live_(live) {}
+
 ScenarioRun::~ScenarioRun() {
   context_.reset();
   delegate_.reset();
@@ -32,33 +36,38 @@ TextMeasure ScenarioRun::textMeasure() const {
 }
 
 void ScenarioRun::launch() {
-  buildDesktop(*desktop_, scenario_.desktop);
+  if (desktop_) buildDesktop(*desktop_, scenario_.desktop);
+  const Platform platform = desktop_ ? desktop_->platform() : *live_;
   ControllerFactories factories;
   if (views_) factories = views_->controllerFactories(textMeasure());
-  delegate_ = std::make_unique<AppDelegate>(desktop_->platform(), std::move(factories));
-  delegate_->model().makeGroupKey = sequentialGroupKeys();
-  context_.reset(new RunContext{*desktop_, delegate_->model(), views_, options_.snapshotDirectory,
-                                options_.writeLine});
+  delegate_ = std::make_unique<AppDelegate>(platform, std::move(factories));
+  // Repeatable keys only where nothing outlives the run.
+  if (desktop_) delegate_->model().makeGroupKey = sequentialGroupKeys();
+  context_.reset(new RunContext{desktop_.get(), delegate_->model(), views_,
+                                options_.snapshotDirectory, options_.writeLine,
+                                platform.runLoop->now()});
   while (next_ < scenario_.timeline.size() && scenario_.timeline[next_].at <= 0)
     runNextStep();
   delegate_->applicationDidFinishLaunching();
-  desktop_->runLoop().runUntilIdle();
+  settle();
+}
+
+void ScenarioRun::settle() {
+  if (desktop_) desktop_->runLoop().runUntilIdle();
   if (options_.afterStep) options_.afterStep();
 }
 
 void ScenarioRun::runNextStep() {
-  sim::SimRunLoop& loop = desktop_->runLoop();
   const TimelineStep& step = scenario_.timeline[next_++];
-  loop.advanceTo(std::max(step.at, loop.now()));
+  if (desktop_) desktop_->runLoop().advanceTo(std::max(step.at, desktop_->runLoop().now()));
   step.action(*context_);
-  loop.runUntilIdle();
-  if (options_.afterStep) options_.afterStep();
+  settle();
 }
 
 void ScenarioRun::runUntil(double time) {
   while (next_ < scenario_.timeline.size() && scenario_.timeline[next_].at <= time)
     runNextStep();
-  desktop_->runLoop().advanceTo(std::max(time, desktop_->runLoop().now()));
+  if (desktop_) desktop_->runLoop().advanceTo(std::max(time, desktop_->runLoop().now()));
 }
 
 void ScenarioRun::terminate() {

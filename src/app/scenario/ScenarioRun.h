@@ -26,10 +26,13 @@ struct RunOptions {
 // time 0 (so that answers queued there reach the alerts of the launch), the
 // launch sequence at virtual time 0, then the rest of the timeline. A step's failure (a
 // task or window that isn't there when its time comes) is a ScenarioError
-// naming the step.
+// naming the step. On a live desktop the run uses the platform it is given and
+// its real clock: steps run when runUntil reaches their time, and the
+// platform's own run loop carries out the work they post.
 class ScenarioRun {
  public:
   ScenarioRun(Scenario scenario, ScenarioViews* views, RunOptions options);
+  ScenarioRun(Scenario scenario, const Platform& live, ScenarioViews* views, RunOptions options);
   ~ScenarioRun();
   ScenarioRun(const ScenarioRun&) = delete;
   ScenarioRun& operator=(const ScenarioRun&) = delete;
@@ -38,24 +41,28 @@ class ScenarioRun {
   // desktop's defaults), runs the steps at time 0 and then
   // applicationDidFinishLaunching.
   void launch();
-  // Runs every step due by `time` in order, each followed by the work it
-  // posted, then lets the virtual clock reach `time`.
+  // Runs every step due by `time` (seconds from the launch) in order, each
+  // followed by the work it posted, then lets the virtual clock reach `time`.
   void runUntil(double time);
   void runToEnd() { runUntil(scenario_.endTime()); }
   // applicationWillTerminate.
   void terminate();
 
   TextMeasure textMeasure() const;
+  // The simulated desktop; only for runs over it.
   sim::SimDesktop& desktop() { return *desktop_; }
 
  private:
   // Runs the next step and the work it posted.
   void runNextStep();
+  // The simulated desktop's work done, then the caller's.
+  void settle();
 
   Scenario scenario_;
   ScenarioViews* views_;
   RunOptions options_;
   std::unique_ptr<sim::SimDesktop> desktop_;
+  std::optional<Platform> live_;
   std::unique_ptr<AppDelegate> delegate_;
   std::unique_ptr<RunContext> context_;
   size_t next_ = 0;

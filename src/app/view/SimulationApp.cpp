@@ -1,15 +1,13 @@
 #include "app/view/SimulationApp.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QTimer>
 
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 
 #include "app/scenario/ScenarioRun.h"
+#include "app/view/AppEventLoop.h"
 #include "app/view/PanelScenarioViews.h"
 #include "platform/qt/QtPlatform.h"
 #include "taskbar/PanelDescription.h"
@@ -18,12 +16,6 @@
 namespace tolv {
 
 namespace {
-
-volatile std::sig_atomic_t endRequested = 0;
-
-void requestEnd(int) {
-  endRequested = 1;
-}
 
 // The tasks of a checkpoint and the pictures saved for it, for a person reading.
 void printCheckpoint(const scenario::OutJson& line,
@@ -48,30 +40,17 @@ void printCheckpoint(const scenario::OutJson& line,
 
 int runSimulation(int& argc, char** argv, scenario::Scenario scenario,
                   const SimulationOptions& options) {
-  if (options.headless) {
-    ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
-  } else {
-    // A live run ends in order, through the delegate's termination.
-    std::signal(SIGINT, requestEnd);
-    std::signal(SIGTERM, requestEnd);
-  }
+  if (options.headless) ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
   qt::ensureApplication(argc, argv);
 
-  std::ofstream dump;
-  if (options.dumpPath) {
-    dump.open(*options.dumpPath, std::ios::binary | std::ios::trunc);
-    if (!dump) {
-      std::fprintf(stderr, "tolv: %s can't be written\n", options.dumpPath->c_str());
-      return 1;
-    }
-  }
+  CheckpointDump dump;
+  if (options.dumpPath && !dump.open(*options.dumpPath)) return 1;
   scenario::RunOptions runOptions;
   runOptions.headless = options.headless;
   runOptions.snapshotDirectory = options.snapshotDirectory;
   runOptions.writeLine = [&](const scenario::OutJson& line) {
-    if (dump.is_open()) {
-      dump << line.dump() << '\n';
-      dump.flush();
+    if (dump.isOpen()) {
+      dump.write(line);
     } else if (options.headless) {
       printCheckpoint(line, options.snapshotDirectory);
     }
@@ -87,24 +66,19 @@ int runSimulation(int& argc, char** argv, scenario::Scenario scenario,
     return 0;
   }
 
+  // The virtual clock follows the real one.
   QElapsedTimer clock;
   clock.start();
-  QTimer driver;
-  int status = 0;
-  QObject::connect(&driver, &QTimer::timeout, [&] {
-    try {
-      run.runUntil(static_cast<double>(clock.elapsed()) / 1000.0);
-    } catch (const scenario::ScenarioError& error) {
-      std::fprintf(stderr, "tolv: %s\n", error.what());
-      status = scenario::kScenarioErrorStatus;
-      QCoreApplication::quit();
-    }
-    if (endRequested || run.desktop().platform().processes->terminationRequested()) {
-      QCoreApplication::quit();
-    }
-  });
-  driver.start(15);
-  QCoreApplication::exec();
+  const int status =
+      runEventLoopUntilEnd(*run.desktop().platform().processes, [&]() -> std::optional<int> {
+        try {
+          run.runUntil(static_cast<double>(clock.elapsed()) / 1000.0);
+        } catch (const scenario::ScenarioError& error) {
+          std::fprintf(stderr, "tolv: %s\n", error.what());
+          return scenario::kScenarioErrorStatus;
+        }
+        return std::nullopt;
+      });
   run.terminate();
   return status;
 }

@@ -9,7 +9,7 @@ namespace {
 EventReader pidEvent(void (*act)(sim::SimDesktop&, Pid)) {
   return [act](JsonReader& entry, CompileContext& context) {
     Pid pid = readKnownPid(entry, context);
-    return StepAction([act, pid](RunContext& run) { act(run.desktop, pid); });
+    return StepAction([act, pid](RunContext& run) { act(*run.desktop, pid); });
   };
 }
 
@@ -17,7 +17,7 @@ const EventRegistration kLaunchApp{
     "launchApp", [](JsonReader& entry, CompileContext& context) {
       sim::AppSpec app = readApp(entry.requireObject("app"), context.spaces);
       context.knownPids.insert(app.pid);
-      return StepAction([app](RunContext& run) { run.desktop.launchApp(app); });
+      return StepAction([app](RunContext& run) { run.desktop->launchApp(app); });
     }};
 
 const EventRegistration kQuitApp{
@@ -34,7 +34,7 @@ const EventRegistration kSetAppResponding{
       Pid pid = readKnownPid(entry, context);
       bool responding = entry.requireFlag("responding");
       return StepAction(
-          [pid, responding](RunContext& run) { run.desktop.setAppResponding(pid, responding); });
+          [pid, responding](RunContext& run) { run.desktop->setAppResponding(pid, responding); });
     }};
 
 }  // namespace

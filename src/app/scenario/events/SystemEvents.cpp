@@ -15,30 +15,30 @@ const EventRegistration kSetAccessibility{
     "setAccessibility", [](JsonReader& entry, CompileContext&) {
       bool granted = entry.requireFlag("granted");
       return StepAction(
-          [granted](RunContext& run) { run.desktop.setAccessibilityGranted(granted); });
+          [granted](RunContext& run) { run.desktop->setAccessibilityGranted(granted); });
     }};
 
 const EventRegistration kSetScreens{
     "setScreens", [](JsonReader& entry, CompileContext&) {
       auto screens = readScreens(entry.require("screens"), entry.placeOf("screens"));
-      return StepAction([screens](RunContext& run) { run.desktop.screens().setScreens(screens); });
+      return StepAction([screens](RunContext& run) { run.desktop->screens().setScreens(screens); });
     }};
 
 const EventRegistration kSleep{
     "sleep", [](JsonReader&, CompileContext&) {
-      return StepAction([](RunContext& run) { run.desktop.sleepDisplays(); });
+      return StepAction([](RunContext& run) { run.desktop->sleepDisplays(); });
     }};
 
 const EventRegistration kWake{
     "wake", [](JsonReader&, CompileContext&) {
-      return StepAction([](RunContext& run) { run.desktop.wakeDisplays(); });
+      return StepAction([](RunContext& run) { run.desktop->wakeDisplays(); });
     }};
 
 const EventRegistration kMovePointer{
     "movePointer", [](JsonReader& entry, CompileContext&) {
       if (!entry.has("to")) entry.fail("to", "missing");
       Point to = *entry.point("to");
-      return StepAction([to](RunContext& run) { run.desktop.pointer().movePointer(to); });
+      return StepAction([to](RunContext& run) { run.desktop->pointer().movePointer(to); });
     }};
 
 // Answers are queued at their time, so an alert shown before it takes the default.
@@ -54,7 +54,7 @@ const EventRegistration kAnswerAlert{
         entry.fail("button", "expected a button index from 0 or a button title");
       }
       answer.fieldValue = entry.string("text").value_or("");
-      return StepAction([answer](RunContext& run) { run.desktop.alerts().queueAnswer(answer); });
+      return StepAction([answer](RunContext& run) { run.desktop->alerts().queueAnswer(answer); });
     }};
 
 const EventRegistration kSetDefaults{"setDefaults", [](JsonReader& entry, CompileContext&) {
@@ -63,7 +63,7 @@ const EventRegistration kSetDefaults{"setDefaults", [](JsonReader& entry, Compil
                                                                         entry.placeOf("values"));
                                        return StepAction([domain, values](RunContext& run) {
                                          for (const auto& [key, value] : values)
-                                           run.desktop.defaults().setValue(domain, key, value);
+                                           run.desktop->defaults().setValue(domain, key, value);
                                        });
                                      }};
 

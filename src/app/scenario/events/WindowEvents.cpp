@@ -37,7 +37,7 @@ StepAction windowStep(JsonReader& entry, CompileContext& context, Act act) {
   sim::WindowSelector selector = readSelector(entry.requireObject("window"));
   std::string place = entry.place();
   return [pid, selector, place, act](RunContext& run) {
-    requireWindow(act(run.desktop, pid, selector), place, pid);
+    requireWindow(act(*run.desktop, pid, selector), place, pid);
   };
 }
 
@@ -45,7 +45,7 @@ const EventRegistration kOpenWindow{
     "openWindow", [](JsonReader& entry, CompileContext& context) {
       Pid pid = readKnownPid(entry, context);
       sim::WindowSpec window = readWindow(entry.requireObject("window"), context.spaces);
-      return StepAction([pid, window](RunContext& run) { run.desktop.openWindow(pid, window); });
+      return StepAction([pid, window](RunContext& run) { run.desktop->openWindow(pid, window); });
     }};
 
 const EventRegistration kCloseWindow{

@@ -1,5 +1,6 @@
 // What Tolv left on the desktop: its defaults, its log, the alerts it showed,
-// what it did to other applications and the platform calls it made.
+// what it did to other applications and the platform calls it made. Only the
+// defaults and the log are known on the live desktop.
 
 #include "app/RuntimeIssues.h"
 #include "app/scenario/Checkpoints.h"
@@ -17,14 +18,14 @@ using Field = std::optional<OutJson>;
 
 OutJson storedDefaults(RunContext& run) {
   OutJson values = OutJson::object();
-  for (const auto& [key, value] : run.desktop.defaults().values(kTolvBundleIdentifier))
+  for (const auto& [key, value] : run.model.platform().userDefaults->values(kTolvBundleIdentifier))
     values[key] = OutJson(propertyToJson(value));
   return values;
 }
 
 OutJson logEntries(RunContext& run) {
   OutJson entries = OutJson::array();
-  FileSystem& files = *run.desktop.platform().fileSystem;
+  FileSystem& files = *run.model.platform().fileSystem;
   auto bytes = files.readFile(runtimeLogPath(files));
   if (!bytes) return entries;
   for (const auto& entry : parseRuntimeLog(std::string(bytes->begin(), bytes->end()))) {
@@ -35,7 +36,7 @@ OutJson logEntries(RunContext& run) {
 
 OutJson shownAlerts(RunContext& run) {
   OutJson alerts = OutJson::array();
-  for (const auto& shown : run.desktop.alerts().shown()) {
+  for (const auto& shown : run.desktop->alerts().shown()) {
     alerts.push_back(OutJson{{"title", shown.alert.title},
                              {"text", shown.alert.text},
                              {"buttons", shown.alert.buttons}});
@@ -46,7 +47,7 @@ OutJson shownAlerts(RunContext& run) {
 // Each command as { "time", "kind", ... }, the rest of its fields in name order.
 OutJson actions(RunContext& run) {
   OutJson entries = OutJson::array();
-  for (const auto& action : run.desktop.actionLog()) {
+  for (const auto& action : run.desktop->actionLog()) {
     OutJson entry{{"time", action.at("time")}, {"kind", action.at("kind")}};
     for (const auto& [key, value] : action.items()) {
       if (key != "time" && key != "kind") entry[key] = OutJson(value);
@@ -59,7 +60,7 @@ OutJson actions(RunContext& run) {
 // The other copies of Tolv: alive or when they ended, and what reached them.
 OutJson otherCopies(RunContext& run) {
   OutJson copies = OutJson::array();
-  for (const auto& [pid, process] : run.desktop.processes().processes()) {
+  for (const auto& [pid, process] : run.desktop->processes().processes()) {
     OutJson copy{{"pid", pid}, {"alive", process.alive}, {"received", process.received}};
     if (process.endedAt) copy["endedAt"] = *process.endedAt;
     copies.push_back(std::move(copy));
@@ -67,22 +68,29 @@ OutJson otherCopies(RunContext& run) {
   return copies;
 }
 
+// A field that only the simulated desktop records; left out on the live desktop.
+FieldReader simulated(std::function<OutJson(RunContext&)> read) {
+  return [read = std::move(read)](RunContext& run) -> Field {
+    if (!run.desktop) return std::nullopt;
+    return read(run);
+  };
+}
+
 const FieldRegistration kDesktopFields{{
     {"defaults", [](RunContext& run) -> Field { return storedDefaults(run); }},
     {"log", [](RunContext& run) -> Field { return logEntries(run); }},
-    {"alerts", [](RunContext& run) -> Field { return shownAlerts(run); }},
-    {"actions", [](RunContext& run) -> Field { return actions(run); }},
-    {"otherCopies", [](RunContext& run) -> Field { return otherCopies(run); }},
-    {"calls", [](RunContext& run) -> Field { return run.desktop.calls().all(); }},
+    {"alerts", simulated(shownAlerts)},
+    {"actions", simulated(actions)},
+    {"otherCopies", simulated(otherCopies)},
+    {"calls", simulated([](RunContext& run) -> OutJson { return run.desktop->calls().all(); })},
     // Accessibility calls that reached each application or one of its elements,
     // by pid: which applications a refresh asked anything.
-    {"accessibilityCallsByApplication",
-     [](RunContext& run) -> Field {
+    {"accessibilityCallsByApplication", simulated([](RunContext& run) {
        OutJson byPid = OutJson::object();
-       for (const auto& [pid, count] : run.desktop.accessibility().callsByPid())
+       for (const auto& [pid, count] : run.desktop->accessibility().callsByPid())
          byPid[std::to_string(pid)] = count;
        return byPid;
-     }},
+     })},
 }};
 
 }  // namespace

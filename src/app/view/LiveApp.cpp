@@ -1,0 +1,111 @@
+#include "app/view/LiveApp.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QEvent>
+#include <QWidget>
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "app/AppDelegate.h"
+#include "app/scenario/ScenarioRun.h"
+#include "app/view/AppEventLoop.h"
+#include "app/view/PanelScenarioViews.h"
+#include "platform/qt/QtPlatform.h"
+#include "platform/x11/DockWindow.h"
+#include "platform/x11/X11Platform.h"
+
+namespace tolv {
+
+namespace {
+
+// Marks every panel window of the bar as a dock of the desktop just before it
+// is first shown, while the window manager hasn't seen it yet.
+class DockPanels : public QObject {
+ public:
+  explicit DockPanels(x11::X11Connection& connection) : connection_(connection) {
+    QCoreApplication::instance()->installEventFilter(this);
+  }
+
+  bool eventFilter(QObject* object, QEvent* event) override {
+    if (event->type() != QEvent::Show || !object->isWidgetType()) return false;
+    auto* widget = static_cast<QWidget*>(object);
+    if (!widget->isWindow()) return false;
+    if (widget->objectName() == "taskbarPanel" || widget->objectName() == "triggerPanel")
+      x11::makeDockWindow(connection_, *widget);
+    return false;
+  }
+
+ private:
+  x11::X11Connection& connection_;
+};
+
+}  // namespace
+
+bool hasXDisplay() {
+  const char* display = std::getenv("DISPLAY");
+  return display && *display;
+}
+
+namespace {
+
+int runScenario(const Platform& platform, PanelScenarioViews& views, LiveScenarioOptions options) {
+  CheckpointDump dump;
+  if (options.dumpPath && !dump.open(*options.dumpPath)) return 1;
+  scenario::RunOptions runOptions;
+  runOptions.headless = false;
+  runOptions.snapshotDirectory = options.snapshotDirectory;
+  runOptions.writeLine = [&](const scenario::OutJson& line) {
+    if (dump.isOpen()) {
+      dump.write(line);
+    } else {
+      std::printf("%s\n", line.dump().c_str());
+      std::fflush(stdout);
+    }
+  };
+  const double end = options.scenario.endTime();
+  scenario::ScenarioRun run(std::move(options.scenario), platform, &views, runOptions);
+  QElapsedTimer clock;
+  clock.start();
+  run.launch();
+  const int status = runEventLoopUntilEnd(*platform.processes, [&]() -> std::optional<int> {
+    const double now = static_cast<double>(clock.elapsed()) / 1000.0;
+    try {
+      run.runUntil(now);
+    } catch (const scenario::ScenarioError& error) {
+      std::fprintf(stderr, "tolv: %s\n", error.what());
+      return scenario::kScenarioErrorStatus;
+    }
+    if (now >= end) return 0;
+    return std::nullopt;
+  });
+  run.terminate();
+  return status;
+}
+
+}  // namespace
+
+int runLiveDesktop(int& argc, char** argv, std::optional<LiveScenarioOptions> liveScenario) {
+  // The panels are windows of the X display, whatever the environment asks of the toolkit.
+  ::setenv("QT_QPA_PLATFORM", "xcb", 1);
+  qt::ensureApplication(argc, argv);
+  auto desktop = x11::X11Platform::open();
+  if (!desktop) {
+    std::fprintf(stderr, "tolv: the X display %s can't be opened\n", std::getenv("DISPLAY"));
+    return 1;
+  }
+  DockPanels docks(desktop->connection());
+  PanelScenarioViews views;
+  if (liveScenario) return runScenario(desktop->platform(), views, std::move(*liveScenario));
+
+  AppDelegate delegate(desktop->platform(),
+                       views.controllerFactories(scenario::TextMeasure::Toolkit));
+  delegate.applicationDidFinishLaunching();
+  const int status =
+      runEventLoopUntilEnd(*desktop->platform().processes, [] { return std::optional<int>(); });
+  delegate.applicationWillTerminate();
+  return status;
+}
+
+}  // namespace tolv

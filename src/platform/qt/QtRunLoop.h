@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QObject>
+
+#include "platform/RunLoop.h"
+
+namespace tolv::qt {
+
+// The main run loop over the toolkit's event loop. Time is the monotonic clock
+// in seconds; timers are QTimers that restart themselves from their fire date,
+// so a slow turn of the loop delays one firing and not the whole schedule.
+// Work posted or due at the same time runs in the order it was scheduled.
+// Needs the toolkit's application object and runs on its thread.
+class QtRunLoop : public RunLoop {
+ public:
+  QtRunLoop();
+  ~QtRunLoop() override;
+  QtRunLoop(const QtRunLoop&) = delete;
+  QtRunLoop& operator=(const QtRunLoop&) = delete;
+
+  double now() const override;
+  std::unique_ptr<Timer> scheduleTimer(double firstDelay, double interval, double tolerance,
+                                       std::function<void()> action) override;
+  void post(std::function<void()> work) override;
+  void postAfter(double delay, std::function<void()> work) override;
+  void spinUntil(double deadline, double step, const std::function<bool()>& done) override;
+
+ private:
+  // Owns the posted work's connections: work still queued when the loop goes is dropped.
+  QObject context_;
+};
+
+}  // namespace tolv::qt

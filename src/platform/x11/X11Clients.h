@@ -1,0 +1,61 @@
+#pragma once
+
+#include <xcb/xcb.h>
+
+#include <map>
+#include <optional>
+#include <vector>
+
+#include "platform/Pid.h"
+#include "platform/Signal.h"
+#include "platform/x11/X11Connection.h"
+
+namespace tolv::x11 {
+
+// The window manager's clients as the shell sees them: the managed windows of
+// _NET_CLIENT_LIST with their process, and the active window. Follows the root's
+// property changes and tells what changed.
+class X11Clients {
+ public:
+  explicit X11Clients(X11Connection& connection);
+
+  // Managed windows in the window manager's order, those without a process left out.
+  const std::vector<xcb_window_t>& windows() const { return windows_; }
+  std::optional<Pid> pidOf(xcb_window_t window) const;
+  bool isManaged(xcb_window_t window) const { return pids_.count(window) > 0; }
+  // Whether a window is one a taskbar shows: not skip-taskbar, of a normal or
+  // dialog type (or none).
+  bool isTaskWindow(xcb_window_t window);
+  bool isNormalOrDialog(xcb_window_t window);
+  // Windows of one process that a taskbar shows, in the window manager's order.
+  std::vector<xcb_window_t> taskWindowsOf(Pid pid);
+  // The processes that have task windows, in the order their first window appears.
+  std::vector<Pid> taskPids();
+  xcb_window_t activeWindow() const { return active_; }
+
+  // Told after the list is re-read: windows that appeared, and those that went with their pid.
+  Signal<xcb_window_t, Pid>& appeared() { return appeared_; }
+  Signal<xcb_window_t, Pid>& disappeared() { return disappeared_; }
+  // A managed window's name or state changed.
+  Signal<xcb_window_t, Pid>& titleChanged() { return titleChanged_; }
+  Signal<xcb_window_t, Pid>& stateChanged() { return stateChanged_; }
+  Signal<xcb_window_t, xcb_window_t>& activeChanged() { return activeChanged_; }
+
+  // Re-reads the list and the active window.
+  void refresh();
+
+ private:
+  void handle(const xcb_generic_event_t& event);
+
+  X11Connection& connection_;
+  std::vector<xcb_window_t> windows_;
+  std::map<xcb_window_t, Pid> pids_;
+  xcb_window_t active_ = XCB_WINDOW_NONE;
+  Signal<xcb_window_t, Pid> appeared_;
+  Signal<xcb_window_t, Pid> disappeared_;
+  Signal<xcb_window_t, Pid> titleChanged_;
+  Signal<xcb_window_t, Pid> stateChanged_;
+  Signal<xcb_window_t, xcb_window_t> activeChanged_;
+};
+
+}  // namespace tolv::x11
