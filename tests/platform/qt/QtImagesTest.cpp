@@ -8,20 +8,15 @@
 #include <fstream>
 
 #include "platform/qt/QtImages.h"
-#include "platform/qt/QtPlatform.h"
 #include "support/SimModel.h"
+#include "support/TestApplication.h"
 
 namespace tolv::qt {
 namespace {
 
 class QtImagesTest : public ::testing::Test {
  protected:
-  static void SetUpTestSuite() {
-    static int argc = 1;
-    static char name[] = "tolv_ui_tests";
-    static char* argv[] = {name, nullptr};
-    ensureApplication(argc, argv);
-  }
+  static void SetUpTestSuite() { tolv::testing::ensureTestApplication(); }
 
   QtImages images;
 };

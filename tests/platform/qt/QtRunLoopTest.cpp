@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/qt/QtPlatform.h"
 #include "platform/qt/QtRunLoop.h"
+#include "support/TestApplication.h"
 
 namespace tolv::qt {
 namespace {
@@ -16,12 +16,7 @@ constexpr double kPatience = 5.0;
 
 class QtRunLoopTest : public ::testing::Test {
  protected:
-  static void SetUpTestSuite() {
-    static int argc = 1;
-    static char name[] = "tolv_ui_tests";
-    static char* argv[] = {name, nullptr};
-    ensureApplication(argc, argv);
-  }
+  static void SetUpTestSuite() { tolv::testing::ensureTestApplication(); }
 
   bool spinFor(const std::function<bool()>& done) {
     loop.spinUntil(loop.now() + kPatience, 0.005, done);
@@ -160,10 +155,7 @@ TEST_F(QtRunLoopTest, ANewFireDateMovesTheNextFiring) {
 }
 
 TEST(QtRunLoopLifetime, WorkAndTimersOfAGoneLoopNeverRun) {
-  int argc = 1;
-  char name[] = "tolv_ui_tests";
-  char* argv[] = {name, nullptr};
-  ensureApplication(argc, argv);
+  tolv::testing::ensureTestApplication();
   int ran = 0;
   std::unique_ptr<Timer> survivor;
   {

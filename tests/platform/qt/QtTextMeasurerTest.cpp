@@ -2,20 +2,15 @@
 
 #include <QApplication>
 
-#include "platform/qt/QtPlatform.h"
 #include "platform/qt/QtTextMeasurer.h"
+#include "support/TestApplication.h"
 
 namespace tolv {
 namespace {
 
 class QtTextMeasure : public ::testing::Test {
  protected:
-  static void SetUpTestSuite() {
-    static int argc = 1;
-    static char name[] = "tolv_ui_tests";
-    static char* argv[] = {name, nullptr};
-    qt::ensureApplication(argc, argv);
-  }
+  static void SetUpTestSuite() { tolv::testing::ensureTestApplication(); }
   qt::QtTextMeasurer measure;
 };
 

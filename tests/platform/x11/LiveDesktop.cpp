@@ -10,7 +10,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "platform/qt/QtPlatform.h"
+#include "support/TestApplication.h"
 
 extern char** environ;
 
@@ -35,10 +35,7 @@ void LiveDesktopTest::SetUpTestSuite() {
   if (display.empty()) return;
   ::setenv("DISPLAY", display.c_str(), 1);
   ::unsetenv("QT_QPA_PLATFORM");
-  static int argc = 1;
-  static char name[] = "tolv_x11_tests";
-  static char* argv[] = {name, nullptr};
-  qt::ensureApplication(argc, argv);
+  tolv::testing::ensureTestApplication();
 }
 
 void LiveDesktopTest::SetUp() {

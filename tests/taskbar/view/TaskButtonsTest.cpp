@@ -4,9 +4,9 @@
 #include <QApplication>
 #include <QImage>
 
-#include "platform/qt/QtPlatform.h"
 #include "platform/sim/SimScreens.h"
 #include "support/SimModel.h"
+#include "support/TestApplication.h"
 #include "taskbar/FixedTextMeasurer.h"
 #include "taskbar/PanelDescription.h"
 #include "taskbar/view/GroupPopupView.h"
@@ -36,12 +36,7 @@ class TaskButtons : public ::testing::Test {
   std::unique_ptr<TaskbarPanelController> controller;
   const Screen screen = sim::SimScreens::standardScreen();
 
-  static void SetUpTestSuite() {
-    static int argc = 1;
-    static char name[] = "tolv_ui_tests";
-    static char* argv[] = {name, nullptr};
-    qt::ensureApplication(argc, argv);
-  }
+  static void SetUpTestSuite() { tolv::testing::ensureTestApplication(); }
 
   // Editor with two windows, the first active, and Mail with one, on a bottom bar.
   void start(const std::string& grouping = "never", const std::string& location = "bottomL") {
@@ -248,10 +243,7 @@ TEST_F(TaskButtons, TheWorkspaceButtonTogglesItsListBesideIt) {
 }
 
 TEST(QtMenus, TheToolkitMenuFollowsTheTreeAndHandsBackTheChosenAction) {
-  static int argc = 1;
-  static char name[] = "tolv_ui_tests";
-  static char* argv[] = {name, nullptr};
-  qt::ensureApplication(argc, argv);
+  tolv::testing::ensureTestApplication();
   MenuItem first{"First", MenuAction{}, true, false, {}};
   first.action->subject = "a";
   MenuItem greyed{"Greyed", MenuAction{}, false, false, {}};

@@ -5,10 +5,10 @@
 
 #include <filesystem>
 
-#include "platform/qt/QtPlatform.h"
 #include "platform/sim/SimPointer.h"
 #include "platform/sim/SimScreens.h"
 #include "support/SimModel.h"
+#include "support/TestApplication.h"
 #include "taskbar/FixedTextMeasurer.h"
 #include "taskbar/view/TaskbarPanelController.h"
 
@@ -48,12 +48,7 @@ class TaskbarPanelsOnScreen : public ::testing::Test {
   FixedTextMeasurer measure;
   std::filesystem::path directory;
 
-  static void SetUpTestSuite() {
-    static int argc = 1;
-    static char name[] = "tolv_ui_tests";
-    static char* argv[] = {name, nullptr};
-    qt::ensureApplication(argc, argv);
-  }
+  static void SetUpTestSuite() { tolv::testing::ensureTestApplication(); }
 
   TaskbarPanelsOnScreen() {
     directory =
