@@ -12,16 +12,16 @@ inline constexpr int kBusyWindowsPerApplication = 10;
 inline constexpr Pid kFirstBusyPid = 1000;
 
 // A busy desktop: 20 applications with 10 titled windows each, the first active.
-inline std::vector<sim::AppSpec> busyDesktop() {
-  std::vector<sim::AppSpec> apps;
+inline std::vector<sim::AppSetup> busyDesktop() {
+  std::vector<sim::AppSetup> apps;
   for (int a = 0; a < kBusyApplications; ++a) {
-    sim::AppSpec app;
+    sim::AppSetup app;
     app.pid = kFirstBusyPid + a;
     app.name = "App " + std::to_string(a);
     app.bundleIdentifier = "com.example.app" + std::to_string(a);
     app.active = a == 0;
     for (int w = 0; w < kBusyWindowsPerApplication; ++w) {
-      sim::WindowSpec window;
+      sim::WindowSetup window;
       window.title = "Window " + std::to_string(w);
       app.windows.push_back(window);
     }

@@ -10,7 +10,7 @@ namespace tolv {
 enum class PanelKind { Taskbar, EdgeTrigger, CornerTrigger };
 
 // What a panel is made from.
-struct PanelSpec {
+struct PanelSetup {
   PanelKind kind = PanelKind::Taskbar;
   size_t screenIndex = 0;
   Rect frame;
@@ -55,7 +55,7 @@ class PanelWindow {
 class PanelWindowFactory {
  public:
   virtual ~PanelWindowFactory() = default;
-  virtual std::unique_ptr<PanelWindow> makePanel(const PanelSpec& spec) = 0;
+  virtual std::unique_ptr<PanelWindow> makePanel(const PanelSetup& setup) = 0;
 };
 
 }  // namespace tolv

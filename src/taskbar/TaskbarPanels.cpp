@@ -107,12 +107,12 @@ void TaskbarPanels::makeTaskbarPanel(size_t screenIndex, const Screen& screen) {
   panel->screenIndex = screenIndex;
   panel->screen = screen;
   bool buffer = topMenuBufferNeeded();
-  PanelSpec spec;
-  spec.kind = PanelKind::Taskbar;
-  spec.screenIndex = screenIndex;
-  spec.frame = panelFrame(location_, screen, initialPanelThickness(location_, buffer), buffer);
-  spec.level = taskbarPanelLevel(location_);
-  panel->window = factory_.makePanel(spec);
+  PanelSetup setup;
+  setup.kind = PanelKind::Taskbar;
+  setup.screenIndex = screenIndex;
+  setup.frame = panelFrame(location_, screen, initialPanelThickness(location_, buffer), buffer);
+  setup.level = taskbarPanelLevel(location_);
+  panel->window = factory_.makePanel(setup);
   panel->reveal = std::make_unique<OverflowReveal>(model_, [this] { refreshContent(); });
   if (isSideEdge(location_)) {
     panel->window->orderBack();
@@ -130,13 +130,13 @@ std::unique_ptr<TriggerPanel> TaskbarPanels::makeTrigger(PanelKind kind, size_t 
   trigger->screenIndex = screenIndex;
   trigger->screen = screen;
   trigger->isLeftCorner = isLeftCorner;
-  PanelSpec spec;
-  spec.kind = kind;
-  spec.screenIndex = screenIndex;
-  spec.frame = frame;
-  spec.level = kind == PanelKind::EdgeTrigger ? kEdgeTriggerLevel : kCornerTriggerLevel;
-  spec.isLeftCorner = isLeftCorner;
-  trigger->window = factory_.makePanel(spec);
+  PanelSetup setup;
+  setup.kind = kind;
+  setup.screenIndex = screenIndex;
+  setup.frame = frame;
+  setup.level = kind == PanelKind::EdgeTrigger ? kEdgeTriggerLevel : kCornerTriggerLevel;
+  setup.isLeftCorner = isLeftCorner;
+  trigger->window = factory_.makePanel(setup);
   return trigger;
 }
 

@@ -178,7 +178,7 @@ TEST_F(AppDelegateTest, LaunchBuildsTheControllersThenThePanelsThenStartsTheMode
 }
 
 TEST_F(AppDelegateTest, ASecondCopyThatIsCancelledBuildsNothingAndTerminatesQuietly) {
-  sim::SimProcessSpec older;
+  sim::SimProcessSetup older;
   older.pid = 500;
   desktop.processes().addProcess(older);
   desktop.alerts().queueAnswer({std::string("Cancel"), {}});
@@ -253,7 +253,7 @@ TEST_F(AppDelegateTest, ControlShiftEscapeOpensActivityMonitor) {
   launch();
   auto running = [&] {
     for (const auto* app : desktop.apps()) {
-      if (app->spec.bundleIdentifier == kActivityMonitorBundleIdentifier) return true;
+      if (app->setup.bundleIdentifier == kActivityMonitorBundleIdentifier) return true;
     }
     return false;
   };

@@ -23,11 +23,11 @@ class SingleInstanceTest : public ::testing::Test {
   AppDelegate delegate{desktop.platform(), {}};
   sim::SimProcesses& processes = desktop.processes();
 
-  sim::SimProcessSpec copy(Pid pid) {
-    sim::SimProcessSpec spec;
-    spec.pid = pid;
-    spec.bundleIdentifier = sim::SimDesktop::kOwnBundleIdentifier;
-    return spec;
+  sim::SimProcessSetup copy(Pid pid) {
+    sim::SimProcessSetup setup;
+    setup.pid = pid;
+    setup.bundleIdentifier = sim::SimDesktop::kOwnBundleIdentifier;
+    return setup;
   }
   void answer(const char* button) { desktop.alerts().queueAnswer({std::string(button), {}}); }
   // Runs the check and gives how long it kept the launch waiting.
@@ -143,7 +143,7 @@ TEST_F(SingleInstanceTest, AnAlertClosedWithoutAnAnswerCountsAsCancel) {
 
 TEST(SingleInstanceWithoutBundleTest, AProcessWithoutBundleIdentifierNeverLooks) {
   sim::SimDesktop desktop;
-  sim::SimProcessSpec twin;
+  sim::SimProcessSetup twin;
   twin.pid = 500;
   desktop.processes().addProcess(twin);
   int alerts = 0;

@@ -14,9 +14,9 @@ using testing::window;
 class AllApplicationsCommands : public testing::CommandTest {
  protected:
   void SetUp() override {
-    sim::AppSpec editor = app(1, "Editor", {window("One"), window("Two")});
+    sim::AppSetup editor = app(1, "Editor", {window("One"), window("Two")});
     editor.active = true;
-    sim::AppSpec palette = app(4, "Palette", {window("Colours")});
+    sim::AppSetup palette = app(4, "Palette", {window("Colours")});
     palette.policy = ActivationPolicy::Accessory;
     startOn({editor, app(2, "Mail", {window("Inbox")}),
              app(3, "Finder", {window("Documents"), window(" \n")}, "com.apple.finder"), palette,
@@ -27,9 +27,9 @@ class AllApplicationsCommands : public testing::CommandTest {
 TEST_F(AllApplicationsCommands, HidingAllHidesEveryRegularApplicationWithWindows) {
   model().hideAllApplications();
   EXPECT_THAT(actions(), ElementsAre("hide 1", "hide 2", "hide 3"));
-  EXPECT_TRUE(desktop.app(1)->spec.hidden);
-  EXPECT_FALSE(desktop.app(4)->spec.hidden);
-  EXPECT_FALSE(desktop.app(5)->spec.hidden);
+  EXPECT_TRUE(desktop.app(1)->setup.hidden);
+  EXPECT_FALSE(desktop.app(4)->setup.hidden);
+  EXPECT_FALSE(desktop.app(5)->setup.hidden);
 }
 
 TEST_F(AllApplicationsCommands, HidingAllWindowsByMinimisingLeavesTheFindersDesktopAlone) {
@@ -41,8 +41,8 @@ TEST_F(AllApplicationsCommands, HidingAllWindowsByMinimisingLeavesTheFindersDesk
                                            "AXMinimized=true Inbox", "AXMinimized=true Documents"))
         << mode;
   }
-  EXPECT_FALSE(windowSpec(3, " \n").minimized);
-  EXPECT_FALSE(windowSpec(4, "Colours").minimized);
+  EXPECT_FALSE(windowSetup(3, " \n").minimized);
+  EXPECT_FALSE(windowSetup(4, "Colours").minimized);
 }
 
 TEST_F(AllApplicationsCommands, HidingAllWindowsFollowsTheSetting) {

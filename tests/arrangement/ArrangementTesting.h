@@ -33,10 +33,10 @@ inline ManagedWorkspaceTask space(std::string id, bool isDesktop, bool isCurrent
 }
 
 // A window whose task id is "ax:<pid>:hash:<hash>".
-inline sim::WindowSpec hashedWindow(std::string title, uint64_t hash) {
-  sim::WindowSpec spec = window(std::move(title));
-  spec.hash = hash;
-  return spec;
+inline sim::WindowSetup hashedWindow(std::string title, uint64_t hash) {
+  sim::WindowSetup setup = window(std::move(title));
+  setup.hash = hash;
+  return setup;
 }
 
 class ArrangementTest : public ::testing::Test {
@@ -47,7 +47,7 @@ class ArrangementTest : public ::testing::Test {
   AppModel& model() { return sim.model(); }
 
   // The desktop runs these applications and the model has started on it.
-  void startOn(const std::vector<sim::AppSpec>& apps) {
+  void startOn(const std::vector<sim::AppSetup>& apps) {
     desktop.populate(apps);
     model().start();
     desktop.runLoop().advance(3.0);

@@ -19,9 +19,9 @@ using testing::window;
 class CloseCommands : public testing::CommandTest {
  protected:
   void SetUp() override {
-    sim::WindowSpec fixed = window("Fixed");
+    sim::WindowSetup fixed = window("Fixed");
     fixed.hasCloseButton = false;
-    sim::AppSpec editor = app(1, "Editor", {window("One"), window("Two"), fixed});
+    sim::AppSetup editor = app(1, "Editor", {window("One"), window("Two"), fixed});
     editor.active = true;
     startOn({editor, app(2, "Mail", {window("Inbox")}),
              app(3, "Finder", {window("Documents"), window("Downloads")}, "com.apple.finder")});

@@ -36,10 +36,10 @@ class CommandTest : public ArrangementTest {
     return described;
   }
   size_t logSize() { return desktop.actionLog().size(); }
-  const sim::WindowSpec& windowSpec(Pid pid, const std::string& title) {
-    static const sim::WindowSpec none;
+  const sim::WindowSetup& windowSetup(Pid pid, const std::string& title) {
+    static const sim::WindowSetup none;
     const sim::SimWindow* found = desktop.findWindow(pid, {.title = title});
-    return found ? found->spec : none;
+    return found ? found->setup : none;
   }
   bool windowExists(Pid pid, const std::string& title) {
     return desktop.findWindow(pid, {.title = title}) != nullptr;

@@ -14,7 +14,7 @@ using testing::window;
 class GroupCommands : public testing::CommandTest {
  protected:
   void SetUp() override {
-    sim::AppSpec editor = app(1, "Editor", {window("One"), window("Two")});
+    sim::AppSetup editor = app(1, "Editor", {window("One"), window("Two")});
     editor.active = true;
     startOn({editor, app(2, "Mail", {window("Inbox"), window("Sent")})});
   }
@@ -47,8 +47,8 @@ TEST_F(GroupCommands, MinimisingAGroupSkipsWindowsThatCannotBeFound) {
   desktop.closeWindow(2, {.title = "Inbox"});
   model().minimizeGroup(mixed);
   EXPECT_THAT(actions(), ElementsAre("AXMinimized=true Two", "AXMinimized=true Sent"));
-  EXPECT_TRUE(windowSpec(1, "Two").minimized);
-  EXPECT_FALSE(windowSpec(1, "One").minimized);
+  EXPECT_TRUE(windowSetup(1, "Two").minimized);
+  EXPECT_FALSE(windowSetup(1, "One").minimized);
 }
 
 TEST_F(GroupCommands, MinimisingAGroupWithoutTrustOnlyReadsTheGrant) {

@@ -15,7 +15,7 @@ using testing::window;
 class WindowCommands : public testing::CommandTest {
  protected:
   void SetUp() override {
-    sim::AppSpec editor = app(1, "Editor", {window("One"), window("Two")});
+    sim::AppSetup editor = app(1, "Editor", {window("One"), window("Two")});
     editor.active = true;
     startOn({editor, app(2, "Mail", {window("Inbox")})});
   }
@@ -40,7 +40,7 @@ TEST_F(WindowCommands, ActivatingTheActiveWindowMinimisesItAndAgainRestoresIt) {
   const std::string one = shown("One").id;
   model().activateTask(shown("One"), true);
   EXPECT_THAT(actions(), ElementsAre("AXMinimized=true One"));
-  EXPECT_TRUE(windowSpec(1, "One").minimized);
+  EXPECT_TRUE(windowSetup(1, "One").minimized);
   EXPECT_THAT(activeNames(), IsEmpty());
   EXPECT_EQ(model().previousWindowIDsByApplication.get().at("com.example.Editor"), one);
 
@@ -48,7 +48,7 @@ TEST_F(WindowCommands, ActivatingTheActiveWindowMinimisesItAndAgainRestoresIt) {
   model().activateTask(shown("One"), true);
   EXPECT_THAT(actions(mark),
               ElementsAre("AXMinimized=false One", "AXRaise One", "unhide 1", "activate 1 0"));
-  EXPECT_FALSE(windowSpec(1, "One").minimized);
+  EXPECT_FALSE(windowSetup(1, "One").minimized);
   EXPECT_THAT(activeNames(), ElementsAre("One"));
   settle();
   EXPECT_THAT(activeNames(), ElementsAre("One"));
@@ -57,7 +57,7 @@ TEST_F(WindowCommands, ActivatingTheActiveWindowMinimisesItAndAgainRestoresIt) {
 TEST_F(WindowCommands, TheActiveWindowIsOnlyRaisedWhenMinimisingIsNotAllowed) {
   model().activateTask(shown("One"), false);
   EXPECT_THAT(actions(), ElementsAre("unhide 1", "activate 1 0", "AXRaise One"));
-  EXPECT_FALSE(windowSpec(1, "One").minimized);
+  EXPECT_FALSE(windowSetup(1, "One").minimized);
 }
 
 TEST_F(WindowCommands, WithoutArtificialActivationTheHighlightWaitsForTheActionRefresh) {
@@ -97,7 +97,7 @@ TEST_F(WindowCommands, AFailedRaiseStillLeavesTheApplicationActivated) {
   model().activateTask(shown("Two"), false);
   EXPECT_THAT(actions(), ElementsAre("unhide 1", "activate 1 0", "AXRaise Two"));
   EXPECT_EQ(desktop.activePid(), 1);
-  EXPECT_NE(desktop.window(desktop.stacking().front())->spec.title, "Two");
+  EXPECT_NE(desktop.window(desktop.stacking().front())->setup.title, "Two");
 }
 
 TEST_F(WindowCommands, AWindowThatCannotBeFoundBringsTheWholeApplicationForward) {
@@ -188,17 +188,17 @@ TEST_F(WindowCommands, FullScreenPressesFunctionFASecondAfterBringingTheWindowFo
   model().toggleFullScreen(shown("Two"));
   EXPECT_THAT(actions(), ElementsAre("unhide 1", "activate 1 0", "AXRaise Two"));
   desktop.runLoop().advance(0.9);
-  EXPECT_FALSE(windowSpec(1, "Two").fullScreen);
+  EXPECT_FALSE(windowSetup(1, "Two").fullScreen);
   desktop.runLoop().advance(0.2);
   EXPECT_THAT(actions(3), ElementsAre("keys"));
-  EXPECT_TRUE(windowSpec(1, "Two").fullScreen);
+  EXPECT_TRUE(windowSetup(1, "Two").fullScreen);
   EXPECT_DOUBLE_EQ(desktop.actionLog().back()["time"].get<double>(),
                    desktop.actionLog().front()["time"].get<double>() + 1.0);
 }
 
 TEST(WindowCommandsLifetime, TheFullScreenKeysAreNotPostedOnceTheModelIsGone) {
   testing::SimModel sim;
-  sim::AppSpec editor = app(1, "Editor", {window("One")});
+  sim::AppSetup editor = app(1, "Editor", {window("One")});
   editor.active = true;
   sim.desktop.populate({editor});
   sim.model().start();
@@ -206,7 +206,7 @@ TEST(WindowCommandsLifetime, TheFullScreenKeysAreNotPostedOnceTheModelIsGone) {
   sim.model().toggleFullScreen(sim.model().runningApps->front());
   sim.release().reset();
   sim.desktop.runLoop().advance(2.0);
-  EXPECT_FALSE(sim.desktop.findWindow(1, {.title = "One"})->spec.fullScreen);
+  EXPECT_FALSE(sim.desktop.findWindow(1, {.title = "One"})->setup.fullScreen);
   EXPECT_EQ(sim.desktop.calls()["input.postKeyEvents"], 0);
 }
 

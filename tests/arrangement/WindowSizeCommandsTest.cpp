@@ -75,9 +75,9 @@ class WindowSizeCommands : public testing::CommandTest {
  protected:
   void SetUp() override {
     desktop.screens().setScreens({mainScreen(), tallScreen()});
-    sim::WindowSpec two = window("Two");
+    sim::WindowSetup two = window("Two");
     two.position = {1600, 300};
-    sim::AppSpec editor = app(1, "Editor", {window("One"), two});
+    sim::AppSetup editor = app(1, "Editor", {window("One"), two});
     editor.active = true;
     startOn({editor});
   }
@@ -88,31 +88,31 @@ TEST_F(WindowSizeCommands, MaximisingFillsTheVisibleFrameOfTheWindowsScreen) {
   EXPECT_THAT(actions(), ElementsAre("unhide 1", "activate 1 0", "AXRaise Two",
                                      R"(AXPosition={"x":1440.0,"y":25.0} Two)",
                                      R"(AXSize={"height":1175.0,"width":1920.0} Two)"));
-  EXPECT_EQ(windowSpec(1, "Two").position, (AXPoint{1440, 25}));
-  EXPECT_EQ(windowSpec(1, "Two").size, (AXSize{1920, 1175}));
+  EXPECT_EQ(windowSetup(1, "Two").position, (AXPoint{1440, 25}));
+  EXPECT_EQ(windowSetup(1, "Two").size, (AXSize{1920, 1175}));
   EXPECT_THAT(activeNames(), ElementsAre("Two"));
 }
 
 TEST_F(WindowSizeCommands, UnMaximisingGivesThreeQuartersOfTheVisibleFrame) {
   model().maximizeTask(shown("Two"));
   model().restoreTaskSize(shown("Two"));
-  EXPECT_EQ(windowSpec(1, "Two").position, (AXPoint{1440, 25}));
-  EXPECT_EQ(windowSpec(1, "Two").size, (AXSize{1440, 881.25}));
+  EXPECT_EQ(windowSetup(1, "Two").position, (AXPoint{1440, 25}));
+  EXPECT_EQ(windowSetup(1, "Two").size, (AXSize{1440, 881.25}));
 }
 
 TEST_F(WindowSizeCommands, AMinimisedWindowIsRestoredFirst) {
   desktop.changeWindow(1, {.title = "Two"}, {.minimized = true});
   model().maximizeTask(shown("Two"));
   EXPECT_EQ(actions().front(), "AXMinimized=false Two");
-  EXPECT_FALSE(windowSpec(1, "Two").minimized);
-  EXPECT_EQ(windowSpec(1, "Two").size, (AXSize{1920, 1175}));
+  EXPECT_FALSE(windowSetup(1, "Two").minimized);
+  EXPECT_EQ(windowSetup(1, "Two").size, (AXSize{1920, 1175}));
 
   desktop.changeWindow(1, {.title = "One"}, {.minimized = true});
   desktop.failAttributeWrite(1, {.title = "One"}, ax::Minimized, true);
   const size_t mark = logSize();
   model().maximizeTask(shown("One"));
   EXPECT_THAT(actions(mark), ElementsAre("AXMinimized=false One"));
-  EXPECT_TRUE(windowSpec(1, "One").minimized);
+  EXPECT_TRUE(windowSetup(1, "One").minimized);
 }
 
 TEST_F(WindowSizeCommands, AnUnreadableFrameEndsTheCommandAfterTheRaise) {
@@ -131,8 +131,8 @@ TEST_F(WindowSizeCommands, AFailingWriteEndsTheCommandAndLeavesWhatWasDone) {
   desktop.failAttributeWrite(1, {.title = "Two"}, ax::Position, false);
   desktop.failAttributeWrite(1, {.title = "Two"}, ax::Size, true);
   model().maximizeTask(shown("Two"));
-  EXPECT_EQ(windowSpec(1, "Two").position, (AXPoint{1440, 25})) << "moved, not resized";
-  EXPECT_EQ(windowSpec(1, "Two").size, (AXSize{800, 600}));
+  EXPECT_EQ(windowSetup(1, "Two").position, (AXPoint{1440, 25})) << "moved, not resized";
+  EXPECT_EQ(windowSetup(1, "Two").size, (AXSize{800, 600}));
   EXPECT_THAT(activeNames(), ElementsAre("One"));
 }
 

@@ -58,11 +58,11 @@ TEST_F(Duplicates, AStateWithOneIdThriceIsRepairedInTheScannedListAndAsksForARes
 }
 
 TEST_F(Duplicates, AScannedDuplicateGivesOneTaskAndOneLogEntryPerRun) {
-  sim::WindowSpec first = window("First");
+  sim::WindowSetup first = window("First");
   first.hash = 7;
-  sim::WindowSpec second = window("Second");
+  sim::WindowSetup second = window("Second");
   second.hash = 7;
-  sim::WindowSpec other = window("Other");
+  sim::WindowSetup other = window("Other");
   other.hash = 8;
   desktop.populate({app(10, "Mail", {first, second, other})});
   AppModel& model = start();
@@ -78,7 +78,7 @@ TEST_F(Duplicates, AScannedDuplicateGivesOneTaskAndOneLogEntryPerRun) {
   EXPECT_EQ(log().size(), log().find(entry) + entry.size()) << "logged more than once";
 
   // A new duplicate beside the known one is logged alone; nothing waits for the user.
-  sim::WindowSpec third = window("Third");
+  sim::WindowSetup third = window("Third");
   third.hash = 8;
   desktop.openWindow(10, third);
   model.refreshRunningApps(false, false, false, true);
@@ -87,9 +87,9 @@ TEST_F(Duplicates, AScannedDuplicateGivesOneTaskAndOneLogEntryPerRun) {
 }
 
 TEST_F(Duplicates, ABlacklistedWindowIsRemovedBeforeDuplicatesAreLookedFor) {
-  sim::WindowSpec first = window("finder");
+  sim::WindowSetup first = window("finder");
   first.hash = 7;
-  sim::WindowSpec second = window("FINDER");
+  sim::WindowSetup second = window("FINDER");
   second.hash = 7;
   desktop.populate({app(10, "Files", {first, second, window("Documents")})});
   start();

@@ -139,7 +139,7 @@ TEST_F(Observers, TwoDestroyedNotificationsForOneWindowActAsOne) {
 }
 
 TEST_F(Observers, ATitleChangeOfAnUnfocusedWindowReachesTheTab) {
-  sim::AppSpec mail = app(10, "Mail", {window("Inbox"), window("Drafts")});
+  sim::AppSetup mail = app(10, "Mail", {window("Inbox"), window("Drafts")});
   mail.active = true;
   desktop.populate({mail});
   start();

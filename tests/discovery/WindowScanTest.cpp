@@ -14,16 +14,16 @@ using ::testing::IsEmpty;
 using testing::namesOf;
 using testing::window;
 
-sim::WindowSpec untitled(double width, double height) {
-  sim::WindowSpec spec;
-  spec.size = {width, height};
-  return spec;
+sim::WindowSetup untitled(double width, double height) {
+  sim::WindowSetup setup;
+  setup.size = {width, height};
+  return setup;
 }
 
-sim::WindowSpec hashed(std::string title, uint64_t hash) {
-  sim::WindowSpec spec = window(std::move(title));
-  spec.hash = hash;
-  return spec;
+sim::WindowSetup hashed(std::string title, uint64_t hash) {
+  sim::WindowSetup setup = window(std::move(title));
+  setup.hash = hash;
+  return setup;
 }
 
 class WindowScan : public ::testing::Test {
@@ -58,9 +58,9 @@ TEST_F(WindowScan, ARenamedWindowKeepsItsId) {
 }
 
 TEST_F(WindowScan, AnIdentifierBecomesPartOfTheKey) {
-  sim::WindowSpec doc = hashed("Report", 91);
+  sim::WindowSetup doc = hashed("Report", 91);
   doc.identifier = "main:doc";
-  sim::WindowSpec empty = hashed("Notes", 92);
+  sim::WindowSetup empty = hashed("Notes", 92);
   empty.identifier = "";
   desktop.populate({app(10, "Pages", {doc, empty})});
   EXPECT_THAT(idsOf(sim.scan(10)),
@@ -83,7 +83,7 @@ TEST_F(WindowScan, AnUntitledOnlyWindowMustBeAPlainWindowOfAtLeast80By60) {
 }
 
 TEST_F(WindowScan, AnUntitledWindowNeedsTheWindowRoleAndAReadableSize) {
-  sim::WindowSpec sheet = untitled(400, 300);
+  sim::WindowSetup sheet = untitled(400, 300);
   sheet.role = "AXSheet";
   desktop.populate({app(10, "Sheets", {sheet}), app(11, "Sizeless", {untitled(400, 300)})});
   EXPECT_THAT(sim.scan(10), IsEmpty());
@@ -102,9 +102,9 @@ TEST_F(WindowScan, AnUntitledPaletteBesideATitledWindowIsNoTaskAndLeavesAGap) {
 }
 
 TEST_F(WindowScan, OnlyTheFocusedWindowOfTheActiveApplicationIsActive) {
-  sim::WindowSpec focused = window("Apple");
+  sim::WindowSetup focused = window("Apple");
   focused.focused = true;
-  sim::AppSpec safari = app(10, "Safari", {window("News"), focused});
+  sim::AppSetup safari = app(10, "Safari", {window("News"), focused});
   safari.active = true;
   desktop.populate({safari, app(11, "Mail", {window("Inbox")})});
   auto items = sim.scan(10);
@@ -115,9 +115,9 @@ TEST_F(WindowScan, OnlyTheFocusedWindowOfTheActiveApplicationIsActive) {
 }
 
 TEST_F(WindowScan, AlternateIdentifiersUseTheWindowNumber) {
-  sim::WindowSpec numbered = window("Apple");
+  sim::WindowSetup numbered = window("Apple");
   numbered.number = 4711;
-  sim::WindowSpec unnumbered = hashed("News", 55);
+  sim::WindowSetup unnumbered = hashed("News", 55);
   unnumbered.number = 0;
   desktop.populate({app(10, "Safari", {numbered, unnumbered}, "com.apple.Safari"),
                     app(11, "Chrome", {hashed("Docs", 56)}, "com.google.Chrome")});
@@ -233,7 +233,7 @@ TEST_F(WindowScan, BadgesAreCarriedAndCachedWithoutAnotherRead) {
 }
 
 TEST_F(WindowScan, AnUnchangedSnapshotCostsOnlyTheListFocusAndFocusedTitle) {
-  sim::AppSpec mail = app(10, "Mail", {window("Inbox"), window("Drafts"), window("Sent")});
+  sim::AppSetup mail = app(10, "Mail", {window("Inbox"), window("Drafts"), window("Sent")});
   mail.active = true;
   desktop.populate({mail});
   auto first = sim.scan(10);
@@ -246,7 +246,7 @@ TEST_F(WindowScan, AnUnchangedSnapshotCostsOnlyTheListFocusAndFocusedTitle) {
 }
 
 TEST_F(WindowScan, ASnapshotMissesATitleChangeOfAWindowThatIsNotFocused) {
-  sim::AppSpec mail = app(10, "Mail", {window("Inbox"), window("Drafts")});
+  sim::AppSetup mail = app(10, "Mail", {window("Inbox"), window("Drafts")});
   mail.active = true;
   desktop.populate({mail});
   sim.scan(10);
@@ -267,7 +267,7 @@ TEST_F(WindowScan, TheBlacklistMatchesTitlesIgnoringCase) {
 }
 
 TEST_F(WindowScan, ListsRegularApplicationsOtherThanThisOneOnce) {
-  sim::AppSpec helper = app(12, "Helper", {window("Hidden panel")});
+  sim::AppSetup helper = app(12, "Helper", {window("Hidden panel")});
   helper.policy = ActivationPolicy::Accessory;
   desktop.populate({app(10, "Mail"), app(11, "Notes"), helper});
   std::set<Pid> seen{11};
@@ -278,7 +278,7 @@ TEST_F(WindowScan, ListsRegularApplicationsOtherThanThisOneOnce) {
 }
 
 TEST_F(WindowScan, AnApplicationWithoutANameIsCalledApplication) {
-  sim::AppSpec nameless = app(10, "x", {window("Doc")});
+  sim::AppSetup nameless = app(10, "x", {window("Doc")});
   nameless.name.reset();
   desktop.populate({nameless});
   EXPECT_EQ(sim.scan(10)[0].appName, "Application");

@@ -13,11 +13,11 @@ using ::testing::IsEmpty;
 using testing::namesOf;
 using testing::window;
 
-sim::WindowSpec numbered(std::string title, uint32_t number, int64_t layer = 0) {
-  sim::WindowSpec spec = window(std::move(title));
-  spec.number = number;
-  spec.layer = layer;
-  return spec;
+sim::WindowSetup numbered(std::string title, uint32_t number, int64_t layer = 0) {
+  sim::WindowSetup setup = window(std::move(title));
+  setup.number = number;
+  setup.layer = layer;
+  return setup;
 }
 
 class WindowServerScan : public testing::StartedModel {
@@ -30,11 +30,11 @@ class WindowServerScan : public testing::StartedModel {
 };
 
 TEST_F(WindowServerScan, OnScreenWindowsOfLayerZeroFrontToBackOnlyTheFrontOneActive) {
-  sim::AppSpec mail = app(10, "Mail",
-                          {numbered("Inbox", 40), numbered("  ", 41), numbered("Menu", 42, 25),
-                           numbered("Panel", 43, 3)});
+  sim::AppSetup mail = app(10, "Mail",
+                           {numbered("Inbox", 40), numbered("  ", 41), numbered("Menu", 42, 25),
+                            numbered("Panel", 43, 3)});
   mail.active = true;
-  sim::AppSpec agent = app(11, "Agent", {numbered("Helper", 50)});
+  sim::AppSetup agent = app(11, "Agent", {numbered("Helper", 50)});
   agent.policy = ActivationPolicy::Accessory;
   desktop.populate({mail, agent});
 

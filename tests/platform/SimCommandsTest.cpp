@@ -22,7 +22,7 @@ class SimCommands : public ::testing::Test {
   Input& input = *desktop.platform().input;
 
   void SetUp() override {
-    AppSpec editor = app(1, "Editor", {window("One"), window("Two"), window("Three")});
+    AppSetup editor = app(1, "Editor", {window("One"), window("Two"), window("Three")});
     editor.active = true;
     desktop.populate({editor, app(2, "Mail", {window("Inbox")})});
   }
@@ -30,8 +30,8 @@ class SimCommands : public ::testing::Test {
   AXElement element(const std::string& title, Pid pid = 1) {
     return AXElement(desktop.findWindow(pid, {.title = title})->element);
   }
-  const WindowSpec& spec(const std::string& title, Pid pid = 1) {
-    return desktop.findWindow(pid, {.title = title})->spec;
+  const WindowSetup& setup(const std::string& title, Pid pid = 1) {
+    return desktop.findWindow(pid, {.title = title})->setup;
   }
   std::optional<std::string> focusedTitle(Pid pid) {
     auto focused = axElement(ax.copyAttribute(ax.applicationElement(pid), ax::FocusedWindow));
@@ -41,7 +41,7 @@ class SimCommands : public ::testing::Test {
   std::vector<std::string> stackedTitles() {
     std::vector<std::string> titles;
     for (uint64_t id : desktop.stacking())
-      titles.push_back(desktop.window(id)->spec.title);
+      titles.push_back(desktop.window(id)->setup.title);
     return titles;
   }
   std::vector<std::string> loggedKinds() {
@@ -70,12 +70,12 @@ TEST_F(SimCommands, RaiseFocusesTheWindowAndPutsItInFront) {
 TEST_F(SimCommands, MinimisingPassesFocusOnAndRestoringTakesItBack) {
   ASSERT_EQ(focusedTitle(1), "One");
   EXPECT_EQ(ax.setAttribute(element("One"), ax::Minimized, true), AXError::Success);
-  EXPECT_TRUE(spec("One").minimized);
+  EXPECT_TRUE(setup("One").minimized);
   EXPECT_EQ(focusedTitle(1), "Two");
   EXPECT_FALSE(desktop.isOnScreen(*desktop.findWindow(1, {.title = "One"})));
 
   EXPECT_EQ(ax.setAttribute(element("One"), ax::Minimized, false), AXError::Success);
-  EXPECT_FALSE(spec("One").minimized);
+  EXPECT_FALSE(setup("One").minimized);
   EXPECT_EQ(focusedTitle(1), "One");
   EXPECT_EQ(stackedTitles().front(), "One");
 
@@ -95,15 +95,15 @@ TEST_F(SimCommands, AnApplicationWhoseWindowsAreAllMinimisedHasNoFocusedWindow) 
 TEST_F(SimCommands, PositionAndSizeWritesMoveAndResizeAndRejectOtherTypes) {
   EXPECT_EQ(ax.setAttribute(element("Two"), ax::Position, AXPoint{10, 40}), AXError::Success);
   EXPECT_EQ(ax.setAttribute(element("Two"), ax::Size, AXSize{300, 200}), AXError::Success);
-  EXPECT_EQ(spec("Two").position, (AXPoint{10, 40}));
-  EXPECT_EQ(spec("Two").size, (AXSize{300, 200}));
+  EXPECT_EQ(setup("Two").position, (AXPoint{10, 40}));
+  EXPECT_EQ(setup("Two").size, (AXSize{300, 200}));
   EXPECT_EQ(desktop.actionLog()[0]["value"], (nlohmann::json{{"x", 10.0}, {"y", 40.0}}));
   EXPECT_EQ(desktop.actionLog()[1]["value"], (nlohmann::json{{"width", 300.0}, {"height", 200.0}}));
 
   EXPECT_EQ(ax.setAttribute(element("Two"), ax::Size, true), AXError::IllegalArgument);
   EXPECT_EQ(ax.setAttribute(element("Two"), ax::Title, std::string("x")),
             AXError::AttributeUnsupported);
-  EXPECT_EQ(spec("Two").size, (AXSize{300, 200}));
+  EXPECT_EQ(setup("Two").size, (AXSize{300, 200}));
 }
 
 TEST_F(SimCommands, FrontmostOnTheApplicationActivatesIt) {
@@ -123,7 +123,7 @@ TEST_F(SimCommands, PressingTheCloseButtonClosesTheWindow) {
   // The button went with its window.
   EXPECT_EQ(ax.performAction(*button, ax::PressAction), AXError::InvalidUIElement);
 
-  WindowSpec bare = window("Bare");
+  WindowSetup bare = window("Bare");
   bare.hasCloseButton = false;
   desktop.openWindow(1, bare);
   EXPECT_EQ(axErrorOf(ax.copyAttribute(element("Bare"), ax::CloseButton)), AXError::NoValue);
@@ -135,7 +135,7 @@ TEST_F(SimCommands, InjectedFaultsFailWritesAndActionsWithoutEffect) {
   EXPECT_EQ(ax.performAction(element("Three"), ax::RaiseAction), AXError::CannotComplete);
   EXPECT_EQ(ax.setAttribute(element("Three"), ax::Size, AXSize{1, 1}), AXError::CannotComplete);
   EXPECT_EQ(stackedTitles().front(), "One");
-  EXPECT_EQ(spec("Three").size, (AXSize{800, 600}));
+  EXPECT_EQ(setup("Three").size, (AXSize{800, 600}));
   // The attempts are still what Tolv did.
   EXPECT_THAT(loggedKinds(), ElementsAre("axAction", "axSet"));
 
@@ -191,12 +191,12 @@ TEST_F(SimCommands, FunctionFTogglesFullScreenOfTheKeyWindow) {
                                           {posted_key::F, event_flag::SecondaryFn, false},
                                           {posted_key::Function, 0, false}};
   EXPECT_TRUE(input.postKeyEvents(EventSourceState::HIDSystem, EventTap::HID, sequence));
-  EXPECT_TRUE(spec("One").fullScreen);
-  EXPECT_FALSE(spec("Two").fullScreen);
+  EXPECT_TRUE(setup("One").fullScreen);
+  EXPECT_FALSE(setup("Two").fullScreen);
   EXPECT_TRUE(desktop.input().keysDown().empty());
 
   input.postKeyEvents(EventSourceState::HIDSystem, EventTap::HID, sequence);
-  EXPECT_FALSE(spec("One").fullScreen);
+  EXPECT_FALSE(setup("One").fullScreen);
 
   const auto& entry = desktop.actionLog()[0];
   EXPECT_EQ(entry["kind"], "keys");
@@ -211,7 +211,7 @@ TEST_F(SimCommands, FWithoutFunctionHeldIsJustAKey) {
   input.postKeyEvents(EventSourceState::HIDSystem, EventTap::HID,
                       {{posted_key::F, event_flag::SecondaryFn, true},
                        {posted_key::F, event_flag::SecondaryFn, false}});
-  EXPECT_FALSE(spec("One").fullScreen);
+  EXPECT_FALSE(setup("One").fullScreen);
 }
 
 TEST_F(SimCommands, CommandWClosesTheKeyWindow) {

@@ -16,7 +16,7 @@ using tolv::testing::window;
 std::vector<std::string> stackedTitles(const SimDesktop& desktop) {
   std::vector<std::string> titles;
   for (uint64_t id : desktop.stacking())
-    titles.push_back(desktop.window(id)->spec.title);
+    titles.push_back(desktop.window(id)->setup.title);
   return titles;
 }
 
@@ -31,9 +31,9 @@ std::vector<int64_t> listedNumbers(SimDesktop& desktop) {
 
 TEST(SimDesktopStacking, FileOrderWithTheActiveFocusedWindowInFront) {
   SimDesktop desktop;
-  WindowSpec focused = window("B2");
+  WindowSetup focused = window("B2");
   focused.focused = true;
-  AppSpec b = app(2, "B", {window("B1"), focused});
+  AppSetup b = app(2, "B", {window("B1"), focused});
   b.active = true;
   desktop.populate({app(1, "A", {window("A1")}), b});
   EXPECT_THAT(stackedTitles(desktop), ElementsAre("B2", "A1", "B1"));
@@ -46,15 +46,15 @@ TEST(SimDesktopStacking, FileOrderWithTheActiveFocusedWindowInFront) {
 
 TEST(SimDesktopWindowServer, ListsOnScreenWindowsFrontToBack) {
   SimDesktop desktop;
-  WindowSpec minimized = window("Min");
+  WindowSetup minimized = window("Min");
   minimized.number = 30;
   minimized.minimized = true;
-  WindowSpec elsewhere = window("Away");
+  WindowSetup elsewhere = window("Away");
   elsewhere.number = 31;
   elsewhere.space = "S2";
-  WindowSpec front = window("Front");
+  WindowSetup front = window("Front");
   front.number = 10;
-  WindowSpec anonymous = window("Anon");
+  WindowSetup anonymous = window("Anon");
   anonymous.number = 0;
   desktop.populate({app(1, "A", {front, minimized, elsewhere, anonymous})});
   EXPECT_THAT(listedNumbers(desktop), ElementsAre(10, -1));
@@ -65,7 +65,7 @@ TEST(SimDesktopWindowServer, ListsOnScreenWindowsFrontToBack) {
 
 TEST(SimDesktopWindows, NumbersAreUniqueAndFreeOnesAreGiven) {
   SimDesktop desktop;
-  WindowSpec given = window("Given");
+  WindowSetup given = window("Given");
   given.number = 101;
   desktop.populate({app(1, "A", {given})});
   uint32_t next = desktop.openWindow(1, window("Next"));
@@ -131,7 +131,7 @@ TEST(SimDesktopWorkspace, AnnouncesApplicationEventsOnTheMainQueue) {
       seen.push_back(n.name.substr(11) + ":" + std::to_string(n.processIdentifier.value_or(-1)));
     });
   }
-  AppSpec launched = app(5, "New", {window("Hello")});
+  AppSetup launched = app(5, "New", {window("Hello")});
   launched.active = true;
   desktop.launchApp(launched);
   desktop.quitApp(5);

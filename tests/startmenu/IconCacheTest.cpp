@@ -52,7 +52,7 @@ class IconCache : public ::testing::Test {
 };
 
 TEST_F(IconCache, ABundleIconIsNormalisedKeptAndWrittenInTheRawFormat) {
-  sim::AppSpec safari = app(10, "Safari", {window("Apple")}, "com.apple.Safari");
+  sim::AppSetup safari = app(10, "Safari", {window("Apple")}, "com.apple.Safari");
   safari.bundleURL = "/Applications/Safari.app";
   desktop.populate({safari});
 
@@ -119,7 +119,7 @@ TEST_F(IconCache, OnlyA64By64BitmapIsWritten) {
 }
 
 TEST_F(IconCache, TheKeyComesFromTheGivenIdentifierTheBundleOrTheResolvedPath) {
-  sim::AppSpec notes = app(10, "Notes", {}, "com.apple.Notes");
+  sim::AppSetup notes = app(10, "Notes", {}, "com.apple.Notes");
   notes.bundleURL = "/Applications/Notes.app";
   desktop.populate({notes});
   AppModel& model = sim.model();
@@ -138,9 +138,9 @@ TEST_F(IconCache, TheKeyComesFromTheGivenIdentifierTheBundleOrTheResolvedPath) {
 }
 
 TEST_F(IconCache, ARunningApplicationWithoutABundleIsCachedUnderItsIdentity) {
-  sim::AppSpec named = app(10, "Helper", {}, std::nullopt);
+  sim::AppSetup named = app(10, "Helper", {}, std::nullopt);
   named.bundleIdentifier.reset();
-  sim::AppSpec anonymous = app(11, "x", {}, std::nullopt);
+  sim::AppSetup anonymous = app(11, "x", {}, std::nullopt);
   anonymous.bundleIdentifier.reset();
   anonymous.name.reset();
   desktop.populate({app(9, "Tool", {}, "com.example.Tool"), named, anonymous});

@@ -10,21 +10,21 @@
 
 namespace tolv::testing {
 
-inline sim::WindowSpec window(std::string title) {
-  sim::WindowSpec spec;
-  spec.title = std::move(title);
-  return spec;
+inline sim::WindowSetup window(std::string title) {
+  sim::WindowSetup setup;
+  setup.title = std::move(title);
+  return setup;
 }
 
-inline sim::AppSpec app(Pid pid, std::string name, std::vector<sim::WindowSpec> windows = {},
-                        std::optional<std::string> bundleIdentifier = std::nullopt) {
-  sim::AppSpec spec;
-  spec.pid = pid;
-  spec.name = name;
-  spec.bundleIdentifier =
+inline sim::AppSetup app(Pid pid, std::string name, std::vector<sim::WindowSetup> windows = {},
+                         std::optional<std::string> bundleIdentifier = std::nullopt) {
+  sim::AppSetup setup;
+  setup.pid = pid;
+  setup.name = name;
+  setup.bundleIdentifier =
       bundleIdentifier ? bundleIdentifier : std::optional<std::string>("com.example." + name);
-  spec.windows = std::move(windows);
-  return spec;
+  setup.windows = std::move(windows);
+  return setup;
 }
 
 // A simulated desktop with a model on it, built on demand so that a test can

@@ -10,7 +10,7 @@ namespace tolv::testing {
 // A panel window that only keeps its state and counts the writes made to it.
 class FakePanelWindow : public PanelWindow {
  public:
-  explicit FakePanelWindow(const PanelSpec& spec) : spec(spec), frame_(spec.frame) {}
+  explicit FakePanelWindow(const PanelSetup& setup) : setup(setup), frame_(setup.frame) {}
 
   Rect frame() const override { return frame_; }
   void setFrame(const Rect& frame, bool animated) override {
@@ -45,7 +45,7 @@ class FakePanelWindow : public PanelWindow {
     closed = true;
   }
 
-  PanelSpec spec;
+  PanelSetup setup;
   int frameWrites = 0;
   int alphaWrites = 0;
   int mouseWrites = 0;
@@ -63,8 +63,8 @@ class FakePanelWindow : public PanelWindow {
 
 class FakePanelFactory : public PanelWindowFactory {
  public:
-  std::unique_ptr<PanelWindow> makePanel(const PanelSpec& spec) override {
-    auto window = std::make_unique<FakePanelWindow>(spec);
+  std::unique_ptr<PanelWindow> makePanel(const PanelSetup& setup) override {
+    auto window = std::make_unique<FakePanelWindow>(setup);
     made.push_back(window.get());
     return window;
   }

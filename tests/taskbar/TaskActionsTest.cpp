@@ -18,7 +18,7 @@ class TaskActions : public testing::CommandTest {
  protected:
   void start(const std::string& grouping) {
     sim.model().settings.groupingMode = grouping;
-    sim::AppSpec editor = app(1, "Editor", {window("One"), window("Two")});
+    sim::AppSetup editor = app(1, "Editor", {window("One"), window("Two")});
     editor.active = true;
     startOn({editor, app(2, "Mail", {window("Inbox")})});
   }
@@ -67,7 +67,7 @@ TEST_F(TaskActions, ClickingATabActivatesItsWindowAndClickingTheActiveTabMinimis
   // One click minimises whatever the double-click setting says.
   model().settings.doubleClickTabToMinimize = true;
   ASSERT_TRUE(click(inbox));
-  EXPECT_TRUE(windowSpec(2, "Inbox").minimized);
+  EXPECT_TRUE(windowSetup(2, "Inbox").minimized);
   settle();
   EXPECT_THAT(activeNames(), IsEmpty());
 }
@@ -81,7 +81,7 @@ TEST_F(TaskActions, OffTheDesktopTheClickHopsBackFirstAndNeverMinimises) {
   EXPECT_THAT(actions(mark), IsEmpty()) << "the window waits for the hop";
   desktop.runLoop().advance(0.4);
   EXPECT_THAT(actions(mark), ::testing::Contains("AXRaise One"));
-  EXPECT_FALSE(windowSpec(1, "One").minimized);
+  EXPECT_FALSE(windowSetup(1, "One").minimized);
 }
 
 TEST_F(TaskActions, ATabsMenuItemsActOnItsWindow) {
@@ -95,7 +95,7 @@ TEST_F(TaskActions, ATabsMenuItemsActOnItsWindow) {
   ASSERT_TRUE(choose(menu, "Normal"));
   EXPECT_THAT(model().lumoPriorityIDs, IsEmpty());
   ASSERT_TRUE(choose(menu, "Minimize Window"));
-  EXPECT_TRUE(windowSpec(1, "Two").minimized);
+  EXPECT_TRUE(windowSetup(1, "Two").minimized);
 }
 
 TEST_F(TaskActions, MovesToTheEdgesLockAndUnlockWhileTheReturnLockIsOn) {

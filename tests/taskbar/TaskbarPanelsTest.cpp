@@ -57,15 +57,15 @@ TEST_F(TaskbarPanelsTest, OnePanelAndOneEdgeLinePerScreen) {
   EXPECT_EQ(built.edgeTriggerPanels().size(), 2u);
   EXPECT_TRUE(built.topCornerTriggerPanels().empty());
   EXPECT_EQ(built.panels()[1]->window->frame(), (Rect{1440, 0, 1024, 86}));
-  EXPECT_EQ(fake(built.panels()[0]->window).spec.level, 25);
+  EXPECT_EQ(fake(built.panels()[0]->window).setup.level, 25);
   EXPECT_TRUE(built.panels()[0]->window->isVisible());
   EXPECT_FALSE(built.edgeTriggerPanels()[0]->window->isVisible());
-  EXPECT_EQ(fake(built.edgeTriggerPanels()[1]->window).spec.level, 27);
+  EXPECT_EQ(fake(built.edgeTriggerPanels()[1]->window).setup.level, 27);
 
   model.settings.taskbarLocation = "topL";
   built.rebuildPanels();
   EXPECT_EQ(built.topCornerTriggerPanels().size(), 4u);
-  EXPECT_EQ(fake(built.topCornerTriggerPanels()[0]->window).spec.level, 1000);
+  EXPECT_EQ(fake(built.topCornerTriggerPanels()[0]->window).setup.level, 1000);
   model.settings.taskbarLocation = "leftAlt";
   built.rebuildPanels();
   EXPECT_EQ(built.topCornerTriggerPanels().size(), 2u);

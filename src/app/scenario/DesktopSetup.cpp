@@ -43,51 +43,51 @@ std::string readSpaceOf(JsonReader& window, const std::set<std::string>& spaces)
 
 }  // namespace
 
-sim::WindowSpec readWindow(JsonReader window, const std::set<std::string>& spaces) {
-  sim::WindowSpec spec;
-  spec.title = window.string("title").value_or("");
-  spec.identifier = window.string("identifier");
-  spec.role = window.string("role").value_or(spec.role);
-  spec.size = window.size("size").value_or(spec.size);
-  spec.position = window.point("position").value_or(spec.position);
-  if (window.has("number")) spec.number = readWindowNumber(window, "number");
+sim::WindowSetup readWindow(JsonReader window, const std::set<std::string>& spaces) {
+  sim::WindowSetup setup;
+  setup.title = window.string("title").value_or("");
+  setup.identifier = window.string("identifier");
+  setup.role = window.string("role").value_or(setup.role);
+  setup.size = window.size("size").value_or(setup.size);
+  setup.position = window.point("position").value_or(setup.position);
+  if (window.has("number")) setup.number = readWindowNumber(window, "number");
   if (window.has("hash")) {
     int64_t hash = *window.integer("hash");
     if (hash < 0) window.fail("hash", "expected a number from 0");
-    spec.hash = static_cast<uint64_t>(hash);
+    setup.hash = static_cast<uint64_t>(hash);
   }
-  spec.space = readSpaceOf(window, spaces);
-  spec.minimized = window.flag("minimized").value_or(false);
-  spec.focused = window.flag("focused").value_or(false);
-  spec.layer = window.integer("layer").value_or(0);
+  setup.space = readSpaceOf(window, spaces);
+  setup.minimized = window.flag("minimized").value_or(false);
+  setup.focused = window.flag("focused").value_or(false);
+  setup.layer = window.integer("layer").value_or(0);
   window.finish();
-  return spec;
+  return setup;
 }
 
-sim::AppSpec readApp(JsonReader app, const std::set<std::string>& spaces) {
-  sim::AppSpec spec;
+sim::AppSetup readApp(JsonReader app, const std::set<std::string>& spaces) {
+  sim::AppSetup setup;
   int64_t pid = app.requireInteger("pid");
   if (pid <= 0 || pid > INT32_MAX) app.fail("pid", "expected a process identifier above 0");
   if (pid == sim::SimDesktop::kOwnPid) {
     app.fail("pid", std::to_string(pid) + " is Tolv's own process");
   }
-  spec.pid = static_cast<Pid>(pid);
-  spec.bundleIdentifier = app.string("bundleIdentifier");
-  spec.name = app.string("name");
-  spec.bundleURL = app.string("bundleURL");
-  spec.policy = readPolicy(app);
-  spec.active = app.flag("active").value_or(false);
-  spec.hidden = app.flag("hidden").value_or(false);
-  spec.responding = app.flag("responding").value_or(true);
+  setup.pid = static_cast<Pid>(pid);
+  setup.bundleIdentifier = app.string("bundleIdentifier");
+  setup.name = app.string("name");
+  setup.bundleURL = app.string("bundleURL");
+  setup.policy = readPolicy(app);
+  setup.active = app.flag("active").value_or(false);
+  setup.hidden = app.flag("hidden").value_or(false);
+  setup.responding = app.flag("responding").value_or(true);
   if (app.has("windows")) {
     const Json& windows = listAt(app, "windows");
     for (size_t i = 0; i < windows.size(); ++i) {
-      spec.windows.push_back(
+      setup.windows.push_back(
           readWindow(JsonReader(windows[i], indexed(app.placeOf("windows"), i)), spaces));
     }
   }
   app.finish();
-  return spec;
+  return setup;
 }
 
 sim::WindowSelector readSelector(JsonReader selector) {
@@ -169,21 +169,21 @@ std::set<std::string> DesktopSetup::spaceIdentifiers() const {
   return uuids;
 }
 
-sim::SimProcessSpec readOtherCopy(JsonReader copy) {
-  sim::SimProcessSpec spec;
+sim::SimProcessSetup readOtherCopy(JsonReader copy) {
+  sim::SimProcessSetup setup;
   int64_t pid = copy.requireInteger("pid");
   if (pid <= 0 || pid > INT32_MAX || pid == sim::SimDesktop::kOwnPid) {
     copy.fail("pid", "expected a pid other than Tolv's own (" +
                          std::to_string(sim::SimDesktop::kOwnPid) + ")");
   }
-  spec.pid = static_cast<Pid>(pid);
-  spec.quitDelay = copy.number("quitDelay").value_or(0);
-  if (spec.quitDelay < 0) copy.fail("quitDelay", "expected seconds, 0 or more");
-  spec.ignoresTerminate = copy.flag("ignoresTerminate").value_or(false);
-  spec.ignoresSignal15 = copy.flag("ignoresSignal15").value_or(false);
-  spec.ownedByOtherUser = copy.flag("otherUser").value_or(false);
+  setup.pid = static_cast<Pid>(pid);
+  setup.quitDelay = copy.number("quitDelay").value_or(0);
+  if (setup.quitDelay < 0) copy.fail("quitDelay", "expected seconds, 0 or more");
+  setup.ignoresTerminate = copy.flag("ignoresTerminate").value_or(false);
+  setup.ignoresSignal15 = copy.flag("ignoresSignal15").value_or(false);
+  setup.ownedByOtherUser = copy.flag("otherUser").value_or(false);
   copy.finish();
-  return spec;
+  return setup;
 }
 
 DesktopSetup readDesktop(JsonReader desktop) {

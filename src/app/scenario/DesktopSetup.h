@@ -33,12 +33,12 @@ struct DesktopSetup {
   std::optional<TextMeasure> textMeasure;
   std::map<std::string, std::map<std::string, PropertyValue>> defaults;
   std::vector<SpaceSetup> spaces;
-  std::vector<sim::AppSpec> apps;
+  std::vector<sim::AppSetup> apps;
   // Present when the Dock runs; its badges by item title.
   std::optional<std::map<std::string, std::string>> dockBadges;
   // Other copies of Tolv already running, each answering a request to quit as
   // it is told to.
-  std::vector<sim::SimProcessSpec> otherCopies;
+  std::vector<sim::SimProcessSetup> otherCopies;
 
   // The space windows stand on when they name none.
   std::string currentSpace() const;
@@ -48,8 +48,8 @@ struct DesktopSetup {
 DesktopSetup readDesktop(JsonReader desktop);
 
 // Pieces that desktop events read too.
-sim::AppSpec readApp(JsonReader app, const std::set<std::string>& spaces);
-sim::WindowSpec readWindow(JsonReader window, const std::set<std::string>& spaces);
+sim::AppSetup readApp(JsonReader app, const std::set<std::string>& spaces);
+sim::WindowSetup readWindow(JsonReader window, const std::set<std::string>& spaces);
 sim::WindowSelector readSelector(JsonReader selector);
 std::vector<Screen> readScreens(const Json& screens, const std::string& place);
 SpaceSetup readSpace(JsonReader space);

@@ -69,7 +69,7 @@ std::optional<AXError> SimAccessibility::callFailure(const SimElement* element) 
   if (!element) return AXError::IllegalArgument;
   const SimApp* app = desktop_.app(element->pid);
   if (!app) return AXError::InvalidUIElement;
-  if (!app->spec.responding) return AXError::CannotComplete;
+  if (!app->setup.responding) return AXError::CannotComplete;
   if (element->kind == SimElement::Kind::Application) {
     return app->element.get() == element ? std::nullopt
                                          : std::optional<AXError>(AXError::InvalidUIElement);
@@ -97,11 +97,11 @@ AXValue SimAccessibility::read(const SimElement& element, std::string_view attri
           }
         }
         for (const SimWindow* window : desktop_.listedWindows(element.pid)) {
-          if (!window->spec.minimized) return AXElement(window->element);
+          if (!window->setup.minimized) return AXElement(window->element);
         }
         return AXError::NoValue;
       }
-      if (attribute == ax::Title) return app.spec.name.value_or("");
+      if (attribute == ax::Title) return app.setup.name.value_or("");
       if (attribute == ax::Role) return std::string("AXApplication");
       if (attribute == ax::Frontmost) return desktop_.activePid() == element.pid;
       return AXError::AttributeUnsupported;
@@ -109,16 +109,16 @@ AXValue SimAccessibility::read(const SimElement& element, std::string_view attri
     case SimElement::Kind::Window: {
       const SimWindow& window = *desktop_.window(element.window);
       if (window.failingAttributes.count(std::string(attribute))) return AXError::CannotComplete;
-      const WindowSpec& spec = window.spec;
-      if (attribute == ax::Title) return spec.title;
+      const WindowSetup& setup = window.setup;
+      if (attribute == ax::Title) return setup.title;
       if (attribute == ax::Identifier) {
-        if (!spec.identifier) return AXError::NoValue;
-        return *spec.identifier;
+        if (!setup.identifier) return AXError::NoValue;
+        return *setup.identifier;
       }
-      if (attribute == ax::Role) return spec.role;
-      if (attribute == ax::Size) return spec.size;
-      if (attribute == ax::Position) return spec.position;
-      if (attribute == ax::Minimized) return spec.minimized;
+      if (attribute == ax::Role) return setup.role;
+      if (attribute == ax::Size) return setup.size;
+      if (attribute == ax::Position) return setup.position;
+      if (attribute == ax::Minimized) return setup.minimized;
       if (attribute == ax::CloseButton) {
         if (!window.closeButton) return AXError::NoValue;
         return AXElement(window.closeButton);

@@ -39,11 +39,11 @@ SimDesktop::SimDesktop()
   if (::mkdtemp(pattern.data())) supportFolder_ = pattern + "/Tolv";
   fileSystem_ = std::make_unique<PosixFileSystem>(supportFolder_);
 
-  AppSpec activityMonitor;
+  AppSetup activityMonitor;
   activityMonitor.bundleIdentifier = "com.apple.ActivityMonitor";
   activityMonitor.name = "Activity Monitor";
   activityMonitor.bundleURL = "/System/Applications/Utilities/Activity Monitor.app";
-  WindowSpec mainWindow;
+  WindowSetup mainWindow;
   mainWindow.title = "Activity Monitor";
   activityMonitor.windows.push_back(mainWindow);
   installApplication(activityMonitor);
@@ -100,8 +100,8 @@ std::vector<const SimApp*> SimDesktop::apps() const {
 
 bool SimDesktop::isOnScreen(const SimWindow& window) const {
   const SimApp* owner = app(window.pid);
-  bool onCurrentSpace = window.spec.space.empty() || window.spec.space == currentSpace_;
-  return owner && !owner->spec.hidden && !window.spec.minimized && onCurrentSpace;
+  bool onCurrentSpace = window.setup.space.empty() || window.setup.space == currentSpace_;
+  return owner && !owner->setup.hidden && !window.setup.minimized && onCurrentSpace;
 }
 
 std::vector<const SimWindow*> SimDesktop::listedWindows(Pid pid) const {
@@ -111,7 +111,8 @@ std::vector<const SimWindow*> SimDesktop::listedWindows(Pid pid) const {
   for (uint64_t id : stacking_) {
     const SimWindow& window = windows_.at(id);
     if (window.pid != pid) continue;
-    if (window.spec.space.empty() || window.spec.space == currentSpace_) result.push_back(&window);
+    if (window.setup.space.empty() || window.setup.space == currentSpace_)
+      result.push_back(&window);
   }
   return result;
 }
@@ -125,7 +126,7 @@ const SimWindow* SimDesktop::findWindow(Pid pid, const WindowSelector& selector)
   }
   for (uint64_t id : owner->windows) {
     const SimWindow& window = windows_.at(id);
-    if (selector.title && window.spec.title == *selector.title) return &window;
+    if (selector.title && window.setup.title == *selector.title) return &window;
     if (selector.number && window.number == *selector.number) return &window;
   }
   return nullptr;
@@ -153,32 +154,32 @@ void SimDesktop::postWorkspaceNotification(const char* name, std::optional<Pid> 
   runLoop_->post([this, notification] { workspace_->notificationCenter().post(notification); });
 }
 
-std::vector<uint64_t> SimDesktop::addApp(const AppSpec& spec) {
-  if (apps_.count(spec.pid)) quitApp(spec.pid);
-  SimApp& added = apps_[spec.pid];
-  added.spec = spec;
-  added.spec.windows.clear();
+std::vector<uint64_t> SimDesktop::addApp(const AppSetup& setup) {
+  if (apps_.count(setup.pid)) quitApp(setup.pid);
+  SimApp& added = apps_[setup.pid];
+  added.setup = setup;
+  added.setup.windows.clear();
   added.element = std::make_shared<SimElement>();
   added.element->kind = SimElement::Kind::Application;
-  added.element->pid = spec.pid;
+  added.element->pid = setup.pid;
   added.element->hash = freshHash();
-  added.icon = images_->named("icon:" + spec.name.value_or(std::to_string(spec.pid)));
-  if (spec.bundleURL) {
-    images_->setFileIcon(*spec.bundleURL, added.icon);
-    if (!installed_.count(*spec.bundleURL)) installApplication(spec);
+  added.icon = images_->named("icon:" + setup.name.value_or(std::to_string(setup.pid)));
+  if (setup.bundleURL) {
+    images_->setFileIcon(*setup.bundleURL, added.icon);
+    if (!installed_.count(*setup.bundleURL)) installApplication(setup);
   }
-  launchOrder_.push_back(spec.pid);
-  for (const WindowSpec& window : spec.windows)
-    openWindow(spec.pid, window);
+  launchOrder_.push_back(setup.pid);
+  for (const WindowSetup& window : setup.windows)
+    openWindow(setup.pid, window);
   return added.windows;
 }
 
-void SimDesktop::populate(const std::vector<AppSpec>& apps) {
+void SimDesktop::populate(const std::vector<AppSetup>& apps) {
   std::vector<uint64_t> inOrder;
-  for (const AppSpec& spec : apps) {
-    auto windows = addApp(spec);
+  for (const AppSetup& setup : apps) {
+    auto windows = addApp(setup);
     inOrder.insert(inOrder.end(), windows.begin(), windows.end());
-    if (spec.active) activePid_ = spec.pid;
+    if (setup.active) activePid_ = setup.pid;
   }
   for (auto id = inOrder.rbegin(); id != inOrder.rend(); ++id)
     bringToFront(*id);
@@ -189,13 +190,13 @@ void SimDesktop::populate(const std::vector<AppSpec>& apps) {
   }
 }
 
-void SimDesktop::launchApp(const AppSpec& spec) {
+void SimDesktop::launchApp(const AppSetup& setup) {
   // The new application's windows come up in front, in the order given.
-  auto opened = addApp(spec);
+  auto opened = addApp(setup);
   for (auto id = opened.rbegin(); id != opened.rend(); ++id)
     bringToFront(*id);
-  postWorkspaceNotification(workspace_notification::DidLaunchApplication, spec.pid);
-  if (spec.active) activateApp(spec.pid);
+  postWorkspaceNotification(workspace_notification::DidLaunchApplication, setup.pid);
+  if (setup.active) activateApp(setup.pid);
 }
 
 void SimDesktop::quitApp(Pid pid) {
@@ -229,9 +230,9 @@ void SimDesktop::activateApp(Pid pid, bool allWindows) {
 
 void SimDesktop::setWindowMinimized(uint64_t id, bool minimized) {
   auto found = windows_.find(id);
-  if (found == windows_.end() || found->second.spec.minimized == minimized) return;
+  if (found == windows_.end() || found->second.setup.minimized == minimized) return;
   SimWindow& changed = found->second;
-  changed.spec.minimized = minimized;
+  changed.setup.minimized = minimized;
   SimApp& owner = *app(changed.pid);
   if (!minimized) {
     raiseWindow(id);
@@ -241,7 +242,7 @@ void SimDesktop::setWindowMinimized(uint64_t id, bool minimized) {
   std::optional<uint64_t> next;
   for (uint64_t candidate : stacking_) {
     const SimWindow& other = windows_.at(candidate);
-    if (other.pid == changed.pid && !other.spec.minimized) {
+    if (other.pid == changed.pid && !other.setup.minimized) {
       next = candidate;
       break;
     }
@@ -258,11 +259,11 @@ void SimDesktop::raiseWindow(uint64_t id) {
 
 void SimDesktop::moveWindow(uint64_t id, AXPoint position) {
   if (auto found = windows_.find(id); found != windows_.end())
-    found->second.spec.position = position;
+    found->second.setup.position = position;
 }
 
 void SimDesktop::resizeWindow(uint64_t id, AXSize size) {
-  if (auto found = windows_.find(id); found != windows_.end()) found->second.spec.size = size;
+  if (auto found = windows_.find(id); found != windows_.end()) found->second.setup.size = size;
 }
 
 std::optional<uint64_t> SimDesktop::keyWindow() const {
@@ -270,13 +271,13 @@ std::optional<uint64_t> SimDesktop::keyWindow() const {
   const SimApp* active = app(*activePid_);
   if (!active || !active->focusedWindow) return std::nullopt;
   const SimWindow* focused = window(*active->focusedWindow);
-  if (!focused || focused->spec.minimized) return std::nullopt;
+  if (!focused || focused->setup.minimized) return std::nullopt;
   return focused->id;
 }
 
 void SimDesktop::toggleFullScreen(uint64_t id) {
   if (auto found = windows_.find(id); found != windows_.end()) {
-    found->second.spec.fullScreen = !found->second.spec.fullScreen;
+    found->second.setup.fullScreen = !found->second.setup.fullScreen;
   }
 }
 
@@ -294,39 +295,39 @@ nlohmann::json SimDesktop::windowFields(uint64_t id) const {
   const SimWindow* described = window(id);
   if (!described) return nlohmann::json::object();
   return {
-      {"pid", described->pid}, {"window", described->spec.title}, {"number", described->number}};
+      {"pid", described->pid}, {"window", described->setup.title}, {"number", described->number}};
 }
 
 void SimDesktop::hideApp(Pid pid) {
   SimApp* hidden = app(pid);
-  if (!hidden || hidden->spec.hidden) return;
-  hidden->spec.hidden = true;
+  if (!hidden || hidden->setup.hidden) return;
+  hidden->setup.hidden = true;
   if (activePid_ == pid) activePid_.reset();
   postWorkspaceNotification(workspace_notification::DidHideApplication, pid);
 }
 
 void SimDesktop::unhideApp(Pid pid) {
   SimApp* shown = app(pid);
-  if (!shown || !shown->spec.hidden) return;
-  shown->spec.hidden = false;
+  if (!shown || !shown->setup.hidden) return;
+  shown->setup.hidden = false;
   postWorkspaceNotification(workspace_notification::DidUnhideApplication, pid);
 }
 
-uint32_t SimDesktop::openWindow(Pid pid, const WindowSpec& spec) {
+uint32_t SimDesktop::openWindow(Pid pid, const WindowSetup& setup) {
   SimApp* owner = app(pid);
   if (!owner) return 0;
   SimWindow window;
   window.id = nextWindowId_++;
   window.pid = pid;
-  window.spec = spec;
-  window.number = spec.number ? *spec.number : nextFreeNumber();
+  window.setup = setup;
+  window.number = setup.number ? *setup.number : nextFreeNumber();
   if (window.number != 0) usedNumbers_.insert(window.number);
   window.element = std::make_shared<SimElement>();
   window.element->kind = SimElement::Kind::Window;
   window.element->pid = pid;
   window.element->window = window.id;
-  window.element->hash = spec.hash ? *spec.hash : freshHash();
-  if (spec.hasCloseButton) {
+  window.element->hash = setup.hash ? *setup.hash : freshHash();
+  if (setup.hasCloseButton) {
     window.closeButton = std::make_shared<SimElement>();
     window.closeButton->kind = SimElement::Kind::CloseButton;
     window.closeButton->pid = pid;
@@ -340,14 +341,14 @@ uint32_t SimDesktop::openWindow(Pid pid, const WindowSpec& spec) {
   bringToFront(id);
   announceToApplication(pid, id, ax::WindowCreatedNotification);
   // An application's focused window is the one marked focused, else its first.
-  if (spec.focused || !owner->focusedWindow) setFocusedWindow(*owner, id);
+  if (setup.focused || !owner->focusedWindow) setFocusedWindow(*owner, id);
   return number;
 }
 
 void SimDesktop::setFocusedWindow(SimApp& app, std::optional<uint64_t> window) {
   if (app.focusedWindow == window) return;
   app.focusedWindow = window;
-  if (window) announceToApplication(app.spec.pid, *window, ax::FocusedWindowChangedNotification);
+  if (window) announceToApplication(app.setup.pid, *window, ax::FocusedWindowChangedNotification);
 }
 
 void SimDesktop::announceToApplication(Pid pid, uint64_t window, const char* notification) {
@@ -400,17 +401,17 @@ bool SimDesktop::closeWindow(Pid pid, const WindowSelector& selector) {
 bool SimDesktop::changeWindow(Pid pid, const WindowSelector& selector, const WindowChange& change) {
   SimWindow* changed = findWindowMutable(pid, selector);
   if (!changed) return false;
-  WindowSpec& spec = changed->spec;
-  if (change.title && *change.title != spec.title) {
-    spec.title = *change.title;
+  WindowSetup& setup = changed->setup;
+  if (change.title && *change.title != setup.title) {
+    setup.title = *change.title;
     announceToWindow(changed->id, ax::TitleChangedNotification);
   }
-  if (change.identifier) spec.identifier = *change.identifier;
-  if (change.size) spec.size = *change.size;
-  if (change.position) spec.position = *change.position;
-  if (change.minimized) spec.minimized = *change.minimized;
-  if (change.space) spec.space = *change.space;
-  if (change.layer) spec.layer = *change.layer;
+  if (change.identifier) setup.identifier = *change.identifier;
+  if (change.size) setup.size = *change.size;
+  if (change.position) setup.position = *change.position;
+  if (change.minimized) setup.minimized = *change.minimized;
+  if (change.space) setup.space = *change.space;
+  if (change.layer) setup.layer = *change.layer;
   return true;
 }
 
@@ -423,26 +424,26 @@ bool SimDesktop::focusWindow(Pid pid, const WindowSelector& selector) {
   return true;
 }
 
-void SimDesktop::installApplication(const AppSpec& spec) {
-  if (!spec.bundleURL) return;
-  installed_[*spec.bundleURL] = spec;
+void SimDesktop::installApplication(const AppSetup& setup) {
+  if (!setup.bundleURL) return;
+  installed_[*setup.bundleURL] = setup;
 }
 
-const AppSpec* SimDesktop::installedApplication(const std::string& bundlePath) const {
+const AppSetup* SimDesktop::installedApplication(const std::string& bundlePath) const {
   auto found = installed_.find(bundlePath);
   return found == installed_.end() ? nullptr : &found->second;
 }
 
 bool SimDesktop::openApplication(const std::string& bundleIdentifier) {
   for (Pid pid : launchOrder_) {
-    if (apps_.at(pid).spec.bundleIdentifier == bundleIdentifier) {
+    if (apps_.at(pid).setup.bundleIdentifier == bundleIdentifier) {
       activateApp(pid);
       return true;
     }
   }
-  for (const auto& [path, spec] : installed_) {
-    if (spec.bundleIdentifier != bundleIdentifier) continue;
-    AppSpec launched = spec;
+  for (const auto& [path, setup] : installed_) {
+    if (setup.bundleIdentifier != bundleIdentifier) continue;
+    AppSetup launched = setup;
     launched.pid = std::max<Pid>(2000, apps_.empty() ? 0 : apps_.rbegin()->first + 1);
     launched.active = true;
     launchApp(launched);
@@ -481,7 +482,7 @@ void SimDesktop::postDistributedNotification(const char* name) {
 }
 
 void SimDesktop::setAppResponding(Pid pid, bool responding) {
-  if (SimApp* target = app(pid)) target->spec.responding = responding;
+  if (SimApp* target = app(pid)) target->setup.responding = responding;
 }
 
 void SimDesktop::setMultipleAttributeCallsFail(Pid pid, bool fail) {

@@ -18,7 +18,7 @@
 
 namespace tolv::sim {
 
-struct WindowSpec {
+struct WindowSetup {
   std::string title;
   // No identifier at all when absent; an empty one is published as "".
   std::optional<std::string> identifier;
@@ -39,7 +39,7 @@ struct WindowSpec {
   bool fullScreen = false;
 };
 
-struct AppSpec {
+struct AppSetup {
   Pid pid = 0;
   std::optional<std::string> bundleIdentifier;
   std::optional<std::string> name;
@@ -48,7 +48,7 @@ struct AppSpec {
   bool active = false;
   bool hidden = false;
   bool responding = true;
-  std::vector<WindowSpec> windows;
+  std::vector<WindowSetup> windows;
 };
 
 // Picks one window of an application: by title, by number, or by its position
@@ -82,7 +82,7 @@ struct SimElement {
 struct SimWindow {
   uint64_t id = 0;
   Pid pid = 0;
-  WindowSpec spec;
+  WindowSetup setup;
   uint32_t number = 0;
   std::shared_ptr<SimElement> element;
   std::shared_ptr<SimElement> closeButton;
@@ -92,7 +92,7 @@ struct SimWindow {
 };
 
 struct SimApp {
-  AppSpec spec;
+  AppSetup setup;
   std::shared_ptr<SimElement> element;
   std::vector<uint64_t> windows;  // in the order they were opened
   std::optional<uint64_t> focusedWindow;
@@ -152,27 +152,27 @@ class SimDesktop {
   // The desktop as it is before Tolv starts: the applications already run,
   // their windows stand front to back in the order given, except that the
   // focused window of the active application stands in front. Nothing is announced.
-  void populate(const std::vector<AppSpec>& apps);
+  void populate(const std::vector<AppSetup>& apps);
 
   // What other applications and the user do. Each event that the workspace
   // would announce posts its notification on the main queue.
-  void launchApp(const AppSpec& spec);
+  void launchApp(const AppSetup& setup);
   void quitApp(Pid pid);
   // Unhides and activates; with all windows every window of the application
   // comes forward, keeping their order.
   void activateApp(Pid pid, bool allWindows = false);
   void hideApp(Pid pid);
   void unhideApp(Pid pid);
-  uint32_t openWindow(Pid pid, const WindowSpec& spec);
+  uint32_t openWindow(Pid pid, const WindowSetup& setup);
   bool closeWindow(Pid pid, const WindowSelector& selector);
   bool changeWindow(Pid pid, const WindowSelector& selector, const WindowChange& change);
   bool focusWindow(Pid pid, const WindowSelector& selector);
 
   // Applications on disk, by bundle path: every application that ran, and a few
   // of the system's own (Activity Monitor). Opening one that doesn't run
-  // launches it active, with the windows of its spec and a fresh pid.
-  void installApplication(const AppSpec& spec);
-  const AppSpec* installedApplication(const std::string& bundlePath) const;
+  // launches it active, with the windows of its setup and a fresh pid.
+  void installApplication(const AppSetup& setup);
+  const AppSetup* installedApplication(const std::string& bundlePath) const;
   bool openApplication(const std::string& bundleIdentifier);
 
   // The system: display sleep, the user's session and the screen saver.
@@ -259,7 +259,7 @@ class SimDesktop {
   void announceToWindow(uint64_t window, const char* notification);
   void setFocusedWindow(SimApp& app, std::optional<uint64_t> window);
   // Adds the application and its windows; returns the windows in the order given.
-  std::vector<uint64_t> addApp(const AppSpec& spec);
+  std::vector<uint64_t> addApp(const AppSetup& setup);
   uint32_t nextFreeNumber();
   uint64_t freshHash() { return nextHash_++; }
 
@@ -285,7 +285,7 @@ class SimDesktop {
   bool accessibilityGranted_ = true;
   std::string currentSpace_ = kMainSpace;
   std::map<Pid, SimApp> apps_;
-  std::map<std::string, AppSpec> installed_;
+  std::map<std::string, AppSetup> installed_;
   std::vector<Pid> launchOrder_;
   std::map<uint64_t, SimWindow> windows_;
   std::vector<uint64_t> stacking_;

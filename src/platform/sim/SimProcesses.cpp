@@ -5,8 +5,8 @@
 
 namespace tolv::sim {
 
-void SimProcesses::addProcess(const SimProcessSpec& spec) {
-  processes_[spec.pid] = SimProcess{spec, true, {}, std::nullopt};
+void SimProcesses::addProcess(const SimProcessSetup& setup) {
+  processes_[setup.pid] = SimProcess{setup, true, {}, std::nullopt};
 }
 
 const SimProcess* SimProcesses::process(Pid pid) const {
@@ -18,7 +18,7 @@ std::vector<Pid> SimProcesses::runningCopies(const std::string& bundleIdentifier
   calls_.count("processes.runningCopies");
   std::vector<Pid> copies;
   for (const auto& [pid, process] : processes_) {
-    if (process.alive && pid != ownPid_ && process.spec.bundleIdentifier == bundleIdentifier) {
+    if (process.alive && pid != ownPid_ && process.setup.bundleIdentifier == bundleIdentifier) {
       copies.push_back(pid);
     }
   }
@@ -40,8 +40,8 @@ void SimProcesses::terminate(Pid pid) {
   if (found == processes_.end() || !found->second.alive) return;
   SimProcess& process = found->second;
   process.received.push_back("terminate");
-  if (!process.spec.ignoresTerminate && !process.spec.ownedByOtherUser) {
-    endAfter(pid, process.spec.quitDelay);
+  if (!process.setup.ignoresTerminate && !process.setup.ownedByOtherUser) {
+    endAfter(pid, process.setup.quitDelay);
   }
 }
 
@@ -52,12 +52,12 @@ int SimProcesses::sendSignal(Pid pid, int signal) {
   SimProcess& process = found->second;
   if (signal != process_signal::Probe)
     process.received.push_back("signal " + std::to_string(signal));
-  if (process.spec.ownedByOtherUser) return process_error::NotPermitted;
+  if (process.setup.ownedByOtherUser) return process_error::NotPermitted;
   if (signal == process_signal::Kill) {
     process.alive = false;
     process.endedAt = runLoop_.now();
-  } else if (signal == process_signal::Terminate && !process.spec.ignoresSignal15) {
-    endAfter(pid, process.spec.quitDelay);
+  } else if (signal == process_signal::Terminate && !process.setup.ignoresSignal15) {
+    endAfter(pid, process.setup.quitDelay);
   }
   return 0;
 }

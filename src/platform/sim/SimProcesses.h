@@ -14,7 +14,7 @@ class SimRunLoop;
 
 // Another process of the simulated desktop, scripted to answer requests to quit
 // in one of the ways real ones do.
-struct SimProcessSpec {
+struct SimProcessSetup {
   Pid pid = 0;
   std::string bundleIdentifier = "com.example.Tolv";
   // Seconds between a request it honours and its end.
@@ -26,7 +26,7 @@ struct SimProcessSpec {
 };
 
 struct SimProcess {
-  SimProcessSpec spec;
+  SimProcessSetup setup;
   bool alive = true;
   // What reached it, in order: "terminate", "signal 15", "signal 9"; probes are left out.
   std::vector<std::string> received;
@@ -46,7 +46,7 @@ class SimProcesses : public Processes {
   void terminateSelf() override;
   bool terminationRequested() const override { return terminationRequested_; }
 
-  void addProcess(const SimProcessSpec& spec);
+  void addProcess(const SimProcessSetup& setup);
   const SimProcess* process(Pid pid) const;
   const std::map<Pid, SimProcess>& processes() const { return processes_; }
   std::optional<ActivationPolicy> activationPolicy() const { return activationPolicy_; }

@@ -13,10 +13,10 @@ std::optional<std::vector<WindowServerEntry>> SimWindowServer::copyWindowList(
     const SimWindow* window = desktop_.window(id);
     if (!window || (onScreenOnly && !desktop_.isOnScreen(*window))) continue;
     WindowServerEntry entry;
-    entry.layer = window->spec.layer;
+    entry.layer = window->setup.layer;
     entry.ownerPID = window->pid;
     if (window->number != 0) entry.number = window->number;
-    entry.name = window->spec.title;
+    entry.name = window->setup.title;
     // A window listed twice shows twice in the window server's list as well.
     if (window->listedTwice) entries.push_back(entry);
     entries.push_back(std::move(entry));

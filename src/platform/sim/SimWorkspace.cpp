@@ -22,13 +22,13 @@ RunningApplication SimWorkspace::describeOwnProcess() const {
 
 RunningApplication SimWorkspace::describe(const SimApp& app) const {
   RunningApplication entry;
-  entry.processIdentifier = app.spec.pid;
-  entry.activationPolicy = app.spec.policy;
-  entry.isActive = desktop_.activePid() == app.spec.pid;
-  entry.isHidden = app.spec.hidden;
-  entry.localizedName = app.spec.name;
-  entry.bundleIdentifier = app.spec.bundleIdentifier;
-  entry.bundleURL = app.spec.bundleURL;
+  entry.processIdentifier = app.setup.pid;
+  entry.activationPolicy = app.setup.policy;
+  entry.isActive = desktop_.activePid() == app.setup.pid;
+  entry.isHidden = app.setup.hidden;
+  entry.localizedName = app.setup.name;
+  entry.bundleIdentifier = app.setup.bundleIdentifier;
+  entry.bundleURL = app.setup.bundleURL;
   entry.icon = app.icon;
   return entry;
 }
@@ -94,7 +94,7 @@ BundleInfo SimWorkspace::mainBundle() {
 
 std::optional<std::string> SimWorkspace::bundleIdentifier(const std::string& bundlePath) {
   calls_.count("workspace.bundleIdentifier");
-  const AppSpec* installed = desktop_.installedApplication(bundlePath);
+  const AppSetup* installed = desktop_.installedApplication(bundlePath);
   return installed ? installed->bundleIdentifier : std::nullopt;
 }
 

@@ -4,15 +4,15 @@
 
 namespace tolv {
 
-QtPanelWindow::QtPanelWindow(const PanelSpec& spec, std::function<double()> mainScreenHeight)
+QtPanelWindow::QtPanelWindow(const PanelSetup& setup, std::function<double()> mainScreenHeight)
     : mainScreenHeight_(std::move(mainScreenHeight)),
       widget_(std::make_unique<QWidget>(nullptr, Qt::Tool | Qt::FramelessWindowHint |
                                                      Qt::WindowStaysOnTopHint |
                                                      Qt::WindowDoesNotAcceptFocus)),
-      frame_(spec.frame) {
+      frame_(setup.frame) {
   widget_->setAttribute(Qt::WA_TranslucentBackground);
   widget_->setAttribute(Qt::WA_ShowWithoutActivating);
-  widget_->setObjectName(spec.kind == PanelKind::Taskbar ? "taskbarPanel" : "triggerPanel");
+  widget_->setObjectName(setup.kind == PanelKind::Taskbar ? "taskbarPanel" : "triggerPanel");
   place();
 }
 

@@ -19,7 +19,7 @@ struct TaskbarPanel;
 class QtPanelWindow : public PanelWindow {
  public:
   // `mainScreenHeight` tells the height of the screen the design's origin is on.
-  QtPanelWindow(const PanelSpec& spec, std::function<double()> mainScreenHeight);
+  QtPanelWindow(const PanelSetup& setup, std::function<double()> mainScreenHeight);
   ~QtPanelWindow() override;
 
   Rect frame() const override { return frame_; }

@@ -30,8 +30,8 @@ class TaskbarPanelController::WindowFactory : public PanelWindowFactory {
  public:
   explicit WindowFactory(AppModel& model) : model_(model) {}
 
-  std::unique_ptr<PanelWindow> makePanel(const PanelSpec& spec) override {
-    return std::make_unique<QtPanelWindow>(spec, [this] {
+  std::unique_ptr<PanelWindow> makePanel(const PanelSetup& setup) override {
+    return std::make_unique<QtPanelWindow>(setup, [this] {
       auto screens = model_.platform().screens->screens();
       return screens.empty() ? 0.0 : screens.front().frame.maxY();
     });

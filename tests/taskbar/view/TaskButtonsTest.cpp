@@ -44,7 +44,7 @@ class TaskButtons : public ::testing::Test {
     model.settings.taskbarLocation = location;
     // The bar stays in view while the pointer is elsewhere.
     model.settings.autoHideEnabled = false;
-    sim::AppSpec editor = app(1, "Editor", {window("One"), window("Two")});
+    sim::AppSetup editor = app(1, "Editor", {window("One"), window("Two")});
     editor.active = true;
     sim.desktop.populate({editor, app(2, "Mail", {window("Inbox")})});
     model.start();
@@ -141,7 +141,7 @@ TEST_F(TaskButtons, AClickActivatesATabAndASecondClickMinimisesIt) {
       << "the strip followed";
 
   ASSERT_TRUE(controller->click(centre("Inbox"), MouseButton::Left));
-  EXPECT_TRUE(sim.desktop.findWindow(2, {.title = "Inbox"})->spec.minimized);
+  EXPECT_TRUE(sim.desktop.findWindow(2, {.title = "Inbox"})->setup.minimized);
   EXPECT_FALSE(controller->click({5, 500}, MouseButton::Left)) << "nothing there";
 }
 
@@ -204,8 +204,8 @@ TEST_F(TaskButtons, TheGroupPopupsFooterHidesAllWindows) {
   start("always");
   ASSERT_TRUE(controller->click(centre("Editor Tabs"), MouseButton::Left));
   EXPECT_TRUE(controller->clickGroupPopup(GroupPopupPart::HideAll, -1, MouseButton::Left));
-  EXPECT_TRUE(sim.desktop.findWindow(1, {.title = "One"})->spec.minimized);
-  EXPECT_TRUE(sim.desktop.findWindow(1, {.title = "Two"})->spec.minimized);
+  EXPECT_TRUE(sim.desktop.findWindow(1, {.title = "One"})->setup.minimized);
+  EXPECT_TRUE(sim.desktop.findWindow(1, {.title = "Two"})->setup.minimized);
   EXPECT_FALSE(controller->clickGroupPopup(GroupPopupPart::Row, 0, MouseButton::Left))
       << "the popup is closed";
 }

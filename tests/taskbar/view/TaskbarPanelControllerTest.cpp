@@ -59,7 +59,7 @@ class TaskbarPanelsOnScreen : public ::testing::Test {
   // Eight windows of twenty letters: tabs of 190 points, five in the primary
   // row of a 1440 wide bottom bar and three on one overflow card.
   void openWindows(int count = 8) {
-    std::vector<sim::WindowSpec> windows;
+    std::vector<sim::WindowSetup> windows;
     for (int i = 0; i < count; ++i)
       windows.push_back(window(title(i)));
     sim.desktop.populate({app(10, "Mail", windows)});

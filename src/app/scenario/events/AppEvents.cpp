@@ -15,7 +15,7 @@ EventReader pidEvent(void (*act)(sim::SimDesktop&, Pid)) {
 
 const EventRegistration kLaunchApp{
     "launchApp", [](JsonReader& entry, CompileContext& context) {
-      sim::AppSpec app = readApp(entry.requireObject("app"), context.spaces);
+      sim::AppSetup app = readApp(entry.requireObject("app"), context.spaces);
       context.knownPids.insert(app.pid);
       return StepAction([app](RunContext& run) { run.desktop->launchApp(app); });
     }};

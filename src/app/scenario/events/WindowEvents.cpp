@@ -44,7 +44,7 @@ StepAction windowStep(JsonReader& entry, CompileContext& context, Act act) {
 const EventRegistration kOpenWindow{
     "openWindow", [](JsonReader& entry, CompileContext& context) {
       Pid pid = readKnownPid(entry, context);
-      sim::WindowSpec window = readWindow(entry.requireObject("window"), context.spaces);
+      sim::WindowSetup window = readWindow(entry.requireObject("window"), context.spaces);
       return StepAction([pid, window](RunContext& run) { run.desktop->openWindow(pid, window); });
     }};
 
