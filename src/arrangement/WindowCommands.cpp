@@ -1,6 +1,5 @@
 // Commands on one task's window: raising, minimising, resizing and full screen.
 
-#include "arrangement/KeySequences.h"
 #include "arrangement/WindowGeometry.h"
 #include "model/AppModel.h"
 
@@ -193,10 +192,9 @@ void AppModel::fitTaskToVisibleFrame(const RunningAppItem& taskToFit, double fra
 void AppModel::toggleFullScreen(const RunningAppItem& task) {
   bringWindowForward(task);
   postAfter(kFullScreenKeysDelaySeconds, [](AppModel& model) {
-    // Synthetic keys go out only with accessibility trust.
+    // The system's keystroke commands go out only with accessibility trust.
     if (!model.accessibilityTrusted.get()) return;
-    model.platform_.input->postKeyEvents(EventSourceState::HIDSystem, EventTap::HID,
-                                         fullScreenToggleKeys());
+    model.platform_.systemCommands->toggleFullScreen();
   });
 }
 

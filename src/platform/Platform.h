@@ -12,6 +12,7 @@
 #include "platform/Processes.h"
 #include "platform/RunLoop.h"
 #include "platform/Screens.h"
+#include "platform/SystemCommands.h"
 #include "platform/UserDefaults.h"
 #include "platform/WindowServer.h"
 #include "platform/Workspace.h"
@@ -39,6 +40,7 @@ struct Platform {
   Processes* processes = nullptr;
   HotKeys* hotKeys = nullptr;
   Input* input = nullptr;
+  SystemCommands* systemCommands = nullptr;
 };
 
 }  // namespace tolv
