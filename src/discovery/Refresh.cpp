@@ -41,15 +41,18 @@ void AppModel::publishScannedApps() {
     assignRunningApps(*scannedRunningApps);
   }
   if (settings.expertAttemptCompleteScansWhenSwitchingToWS && pipeline.desktopScanCycleInProgress) {
-    pipeline.lastGoodDesktopRunningApps = runningApps.get();
-    pipeline.desktopScanAwaitingRedraw = false;
-    pipeline.desktopScanCycleInProgress = false;
-    continuePendingSwitch();
+    completeDesktopScanCycle();
   }
 }
 
-void AppModel::refreshRunningApps(bool forceBadgeScan, bool allowCacheSkip, bool onlyIfDirty,
-                                  bool publish) {
+void AppModel::completeDesktopScanCycle() {
+  pipeline.lastGoodDesktopRunningApps = runningApps.get();
+  pipeline.desktopScanAwaitingRedraw = false;
+  pipeline.desktopScanCycleInProgress = false;
+  continuePendingSwitch();
+}
+
+void AppModel::refreshRunningApps(RefreshRequest request) {
   if (pipeline.taskResizeSuspended) return;
   if (!life.initialWindowListReady) {
     if (!runningApps->empty()) assignRunningApps({});
@@ -59,9 +62,9 @@ void AppModel::refreshRunningApps(bool forceBadgeScan, bool allowCacheSkip, bool
   // The desktop's list is not overwritten by what a full-screen space shows.
   if (isOffDesktopWorkspace()) return;
 
-  const bool badgesScanned = scanBadgesIfDue(forceBadgeScan);
+  const bool badgesScanned = scanBadgesIfDue(request.forceBadgeScan);
   // A quiet tick: one look at two sets, no platform call.
-  if (onlyIfDirty && discovery.dirtyApplicationPIDs.empty() &&
+  if (request.onlyIfDirty && discovery.dirtyApplicationPIDs.empty() &&
       discovery.fallbackAXPollingPIDs.empty() && !badgesScanned && accessibilityTrusted.get()) {
     return;
   }
@@ -71,20 +74,18 @@ void AppModel::refreshRunningApps(bool forceBadgeScan, bool allowCacheSkip, bool
     auto current = currentWorkspaceTask();
     if (current && current->isDesktopSpace) {
       pipeline.desktopScanCycleInProgress = true;
-      pipeline.desktopScanAwaitingRedraw = !publish;
+      pipeline.desktopScanAwaitingRedraw = !request.publish;
       opensDesktopScanCycle = true;
     }
   }
+  // A published desktop scan ends the cycle it opened.
   auto finishDesktopScanCycle = [&] {
-    if (!opensDesktopScanCycle || !publish) return;
-    pipeline.lastGoodDesktopRunningApps = runningApps.get();
-    pipeline.desktopScanAwaitingRedraw = false;
-    pipeline.desktopScanCycleInProgress = false;
-    continuePendingSwitch();
+    if (opensDesktopScanCycle && request.publish) completeDesktopScanCycle();
   };
 
   const std::vector<RunningAppItem> base = normalizeBaseList(
-      publish ? runningApps.get() : scannedRunningApps.value_or(runningApps.get()), publish);
+      request.publish ? runningApps.get() : scannedRunningApps.value_or(runningApps.get()),
+      request.publish);
   std::unordered_map<std::string, const RunningAppItem*> baseByID;
   std::unordered_set<std::string> baseIDs;
   for (const auto& item : base) {
@@ -100,7 +101,7 @@ void AppModel::refreshRunningApps(bool forceBadgeScan, bool allowCacheSkip, bool
   std::vector<RunningAppItem> scanned;
   if (accessibilityTrusted.get()) {
     for (const auto& app : apps) {
-      auto items = scanApplication(app, allowCacheSkip, onlyIfDirty);
+      auto items = scanApplication(app, request);
       giveDefaultColors(items, baseIDs);
       scanned.insert(scanned.end(), items.begin(), items.end());
     }
@@ -117,8 +118,8 @@ void AppModel::refreshRunningApps(bool forceBadgeScan, bool allowCacheSkip, bool
                            auto known = baseByID.find(item.id);
                            return known != baseByID.end() && *known->second == item;
                          });
-  if (allowCacheSkip && settings.expertSkipUnchangedRefreshes && life.hasCompletedInitialRefresh &&
-      unchanged) {
+  if (request.allowCacheSkip && settings.expertSkipUnchangedRefreshes &&
+      life.hasCompletedInitialRefresh && unchanged) {
     finishDesktopScanCycle();
     return;
   }
@@ -132,12 +133,12 @@ void AppModel::refreshRunningApps(bool forceBadgeScan, bool allowCacheSkip, bool
     noteNewRecentWindows(newIDs);
     placeNewWindows(idsOf(base), newIDs);
   }
-  if (publish) restoreWorkspaceTaskbarState(merged);
+  if (request.publish) restoreWorkspaceTaskbarState(merged);
 
   std::vector<RunningAppItem> sorted =
       sortedRunningItems(std::move(merged), previousPositions(base));
   scannedRunningApps = sorted;
-  if (publish && (!settings.expertSkipUnchangedRefreshes || sorted != runningApps.get())) {
+  if (request.publish && (!settings.expertSkipUnchangedRefreshes || sorted != runningApps.get())) {
     assignRunningApps(sorted);
   }
 
@@ -148,18 +149,20 @@ void AppModel::refreshRunningApps(bool forceBadgeScan, bool allowCacheSkip, bool
 }
 
 std::vector<RunningAppItem> AppModel::scanApplication(const RunningApplication& app,
-                                                      bool allowCacheSkip, bool onlyIfDirty) {
+                                                      const RefreshRequest& request) {
   const Pid pid = app.processIdentifier;
   const bool hasBadge = discovery.cachedBadgedApps.count(
                             app.localizedName.value_or(scan_constants::kUnnamedApplication)) > 0;
   std::vector<RunningAppItem> items;
-  if (!onlyIfDirty || discovery.dirtyApplicationPIDs.count(pid)) {
-    items = scanApplicationWindows(app, hasBadge, false);
+  if (!request.onlyIfDirty || discovery.dirtyApplicationPIDs.count(pid)) {
+    items = scanApplicationWindows(app, {.hasBadge = hasBadge});
   } else if (discovery.fallbackAXPollingPIDs.count(pid) ||
              !discovery.axApplicationWindowCache.count(pid)) {
     // Without a working observer the application is polled.
-    items = scanApplicationWindows(app, hasBadge,
-                                   allowCacheSkip && settings.expertSkipUnchangedRefreshes);
+    items = scanApplicationWindows(
+        app,
+        {.hasBadge = hasBadge,
+         .allowCachedSnapshot = request.allowCacheSkip && settings.expertSkipUnchangedRefreshes});
   } else {
     return cachedApplicationWindows(pid, hasBadge).value_or(std::vector<RunningAppItem>{});
   }

@@ -125,8 +125,7 @@ std::optional<std::vector<RunningAppItem>> AppModel::cachedApplicationWindows(Pi
 }
 
 std::vector<RunningAppItem> AppModel::scanApplicationWindows(const RunningApplication& app,
-                                                             bool hasBadge,
-                                                             bool allowCachedSnapshot) {
+                                                             WindowScanRequest request) {
   Accessibility& ax = *platform_.accessibility;
   const Pid pid = app.processIdentifier;
   const AppMetadata metadata = applicationMetadata(app);
@@ -135,7 +134,7 @@ std::vector<RunningAppItem> AppModel::scanApplicationWindows(const RunningApplic
   auto copied = copyApplicationWindows(pid);
   if (!copied) {
     // The application isn't answering: keep what it showed last.
-    return cachedApplicationWindows(pid, hasBadge).value_or(std::vector<RunningAppItem>{});
+    return cachedApplicationWindows(pid, request.hasBadge).value_or(std::vector<RunningAppItem>{});
   }
 
   // One element per window, in order of first occurrence.
@@ -158,7 +157,7 @@ std::vector<RunningAppItem> AppModel::scanApplicationWindows(const RunningApplic
     updateObservedWindows({}, pid);
     AXApplicationSnapshot empty;
     empty.isActive = app.isActive;
-    empty.hasBadge = hasBadge;
+    empty.hasBadge = request.hasBadge;
     discovery.axApplicationWindowCache[pid] = AXApplicationWindowCache{empty, {}};
   };
   if (discovery.closeArtifactSuppressionPIDs.count(pid)) {
@@ -202,10 +201,10 @@ std::vector<RunningAppItem> AppModel::scanApplicationWindows(const RunningApplic
   if (app.isActive && copied->focused) {
     snapshot.focusedTitle = axString(ax.copyAttribute(*copied->focused, ax::Title));
   }
-  snapshot.hasBadge = hasBadge;
+  snapshot.hasBadge = request.hasBadge;
 
   auto cached = discovery.axApplicationWindowCache.find(pid);
-  if (allowCachedSnapshot && cached != discovery.axApplicationWindowCache.end() &&
+  if (request.allowCachedSnapshot && cached != discovery.axApplicationWindowCache.end() &&
       cached->second.snapshot == snapshot) {
     return cached->second.items;
   }
@@ -237,7 +236,7 @@ std::vector<RunningAppItem> AppModel::scanApplicationWindows(const RunningApplic
     item.icon = metadata.icon;
     item.bundleIdentifier = metadata.bundleIdentifier;
     item.isActive = app.isActive && copied->focused && ax.equal(final[index], *copied->focused);
-    item.hasNotificationBadge = hasBadge;
+    item.hasNotificationBadge = request.hasBadge;
     items.push_back(std::move(item));
   }
 

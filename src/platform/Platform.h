@@ -11,6 +11,7 @@
 #include "platform/Pointer.h"
 #include "platform/Processes.h"
 #include "platform/RunLoop.h"
+#include "platform/RuntimeIssueLog.h"
 #include "platform/Screens.h"
 #include "platform/SystemCommands.h"
 #include "platform/UserDefaults.h"
@@ -41,6 +42,8 @@ struct Platform {
   HotKeys* hotKeys = nullptr;
   Input* input = nullptr;
   SystemCommands* systemCommands = nullptr;
+  // The application's log of internal faults; the application sets it.
+  RuntimeIssueLog* runtimeIssueLog = nullptr;
 };
 
 }  // namespace tolv

@@ -76,6 +76,7 @@ Platform SimDesktop::platform() {
   platform.hotKeys = hotKeys_.get();
   platform.input = input_.get();
   platform.systemCommands = systemCommands_.get();
+  platform.runtimeIssueLog = runtimeIssueLog_;
   return platform;
 }
 

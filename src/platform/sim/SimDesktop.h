@@ -146,6 +146,8 @@ class SimDesktop {
   SimHotKeys& hotKeys() { return *hotKeys_; }
   SimInput& input() { return *input_; }
   SimSystemCommands& systemCommands() { return *systemCommands_; }
+  // The application's runtime log, handed on in platform().
+  void setRuntimeIssueLog(RuntimeIssueLog* log) { runtimeIssueLog_ = log; }
   NotificationCenter& notificationCenter() { return notificationCenter_; }
   NotificationCenter& distributedNotificationCenter() { return distributedCenter_; }
   // A temporary folder that stands for Application Support/Tolv; removed with the desktop.
@@ -280,6 +282,7 @@ class SimDesktop {
   std::unique_ptr<SimHotKeys> hotKeys_;
   std::unique_ptr<SimInput> input_;
   std::unique_ptr<SimSystemCommands> systemCommands_;
+  RuntimeIssueLog* runtimeIssueLog_ = nullptr;
   std::unique_ptr<FileSystem> fileSystem_;
   NotificationCenter notificationCenter_;
   NotificationCenter distributedCenter_;

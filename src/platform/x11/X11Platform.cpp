@@ -1,6 +1,5 @@
 #include "platform/x11/X11Platform.h"
 
-#include "app/RuntimeIssues.h"
 #include "platform/posix/PosixFileSystem.h"
 #include "platform/posix/PosixProcesses.h"
 #include "platform/qt/QtAlerts.h"
@@ -90,15 +89,14 @@ std::unique_ptr<X11Platform> X11Platform::open(const std::string& display, std::
   p.input = s.input.get();
   p.systemCommands = s.systemCommands.get();
 
-  // A defaults file that can't be read is noted in the runtime log, which needs
-  // the rest of the platform; the defaults come last for that reason.
+  // A defaults file that can't be read is noted in the runtime log, which the
+  // application gives the platform after it is made; the note is only written,
+  // not announced, since announcing goes through the defaults being read.
   s.userDefaults = std::make_unique<PlistUserDefaults>(
       *s.fileSystem, configFolder.empty() ? x11::configFolder() : std::move(configFolder),
       [clock = &s.clock] { return clock->secondsSince1970(); },
       [platform = &bundle->platform_](const std::string& title, const std::string& detail) {
-        Platform withoutDefaults = *platform;
-        withoutDefaults.userDefaults = nullptr;
-        recordRuntimeIssue(withoutDefaults, title, detail, false, false);
+        if (platform->runtimeIssueLog) platform->runtimeIssueLog->record({title, detail});
       });
   p.userDefaults = s.userDefaults.get();
   return bundle;
