@@ -26,7 +26,6 @@ std::vector<RunningAppItem> AppModel::normalizeBaseList(std::vector<RunningAppIt
 
 std::vector<RunningAppItem> AppModel::mergeScannedItems(const std::vector<RunningAppItem>& base,
                                                         std::vector<RunningAppItem> scanned) {
-  std::erase_if(scanned, [&](const RunningAppItem& item) { return isBlacklisted(item.name); });
   UniqueItems unique = uniqueItems(std::move(scanned));
 
   std::vector<std::string> newlyReported;

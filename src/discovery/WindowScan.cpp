@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "discovery/DiscoveryState.h"
+#include "discovery/TaskPredicate.h"
 #include "model/AppModel.h"
 #include "model/TaskIdentifiers.h"
 #include "model/Text.h"
@@ -219,14 +220,12 @@ std::vector<RunningAppItem> AppModel::scanApplicationWindows(const RunningApplic
 
   std::vector<RunningAppItem> items;
   for (size_t index = 0; index < final.size(); ++index) {
-    std::string name;
-    if (anyTitled) {
-      if (!titles[index].title) continue;
-      name = *titles[index].title;
-    } else {
-      if (!isPlainWindow(final[index])) continue;
-      name = metadata.name;
-    }
+    std::string name = titles[index].title.value_or(metadata.name);
+    TaskCandidate candidate{.title = titles[index].title,
+                            .titledWindowsOnly = anyTitled,
+                            .blacklisted = isBlacklisted(name)};
+    if (!anyTitled) candidate.plainWindow = isPlainWindow(final[index]);
+    if (!becomesTask(candidate)) continue;
     RunningAppItem item;
     item.id = axTaskID(pid, titles[index].key);
     item.processIdentifier = pid;
