@@ -1,5 +1,33 @@
-// How windows reach the model: scan, merge with the list the bar shows, order,
-// publish.
+// How windows reach the model. Read this first.
+//
+// Two stages, each on its own timer (RefreshTimers.cpp):
+// - The scan stage (windowScanTimer, and the event scans after an application
+//   launches or ends) runs refreshRunningApps with onlyIfDirty: it builds the
+//   next list in scannedRunningApps without showing it.
+// - The publish stage (refreshTimer) runs publishScannedApps, which assigns
+//   scannedRunningApps to runningApps, the list the bar draws.
+// A refresh with `publish` does both at once (start, a space change, a user's
+// action confirmed by scheduleActionRefresh).
+//
+// One refresh: the list it starts from is checked for duplicates
+// (DuplicateGuards.cpp); every regular application is scanned
+// (WindowScan.cpp: becomesTask decides which windows are tasks), or listed by
+// the window server while accessibility is missing (WindowServerScan.cpp); the
+// scan is merged into the starting list so that known tasks keep their places,
+// new windows are placed by the task order and the active and previous
+// windows derived.
+//
+// What keeps it cheap:
+// - dirty sets: accessibility observers (Observers.cpp) only put a pid into
+//   dirtyApplicationPIDs; an application whose observer failed is in
+//   fallbackAXPollingPIDs and polled. A quiet tick sees both sets empty and
+//   makes no platform call.
+// - caches: axApplicationWindowCache holds each application's last snapshot
+//   (window hashes, focus, badge) and items; an application that is neither
+//   dirty nor polled answers from it, and a polled one whose snapshot did not
+//   change (allowCacheSkip) does too. appMetadataCache keeps names and icons.
+// - with allowCacheSkip and expertSkipUnchangedRefreshes, an unchanged result
+//   ends the refresh before ordering and publishing.
 
 #include <algorithm>
 #include <unordered_map>

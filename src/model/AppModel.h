@@ -349,7 +349,7 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   // The one way to jump to a space.
   void requestWorkspaceSwitch(const ManagedWorkspaceTask& task);
 
-  // ---- Switcher (switcher/) ------------------------------------------------------------------
+  // ---- Switcher: what the bar keeps for it ------------------------------------------------
   // Tasks and groups the user put first in the switcher; pruned with the task list.
   std::set<std::string> lumoPriorityIDs;
 
