@@ -45,7 +45,7 @@ TEST_F(Duplicates, AStateWithOneIdThriceIsRepairedInTheScannedListAndAsksForARes
   std::vector<RunningAppItem> broken(3, model.runningApps->front());
   model.scannedRunningApps = broken;
 
-  model.refreshRunningApps(false, false, false, false);
+  model.refreshRunningApps({});
   EXPECT_THAT(idsOf(*model.scannedRunningApps), ElementsAre(inbox));
   EXPECT_EQ(model.runningApps.assignmentCount(), shownBefore);
   EXPECT_THAT(log(), HasSubstr("Duplicate task state was detected before refresh.\n"
@@ -67,8 +67,8 @@ TEST_F(Duplicates, AScannedDuplicateGivesOneTaskAndOneLogEntryPerRun) {
   desktop.populate({app(10, "Mail", {first, second, other})});
   AppModel& model = start();
   EXPECT_THAT(shownIDs(), ElementsAre("ax:10:hash:7", "ax:10:hash:8"));
-  model.refreshRunningApps(false, false, false, true);
-  model.refreshRunningApps(false, false, false, true);
+  model.refreshRunningApps({.publish = true});
+  model.refreshRunningApps({.publish = true});
 
   const std::string entry =
       "A duplicate window was returned by the macOS window list.\n"
@@ -81,7 +81,7 @@ TEST_F(Duplicates, AScannedDuplicateGivesOneTaskAndOneLogEntryPerRun) {
   sim::WindowSetup third = window("Third");
   third.hash = 8;
   desktop.openWindow(10, third);
-  model.refreshRunningApps(false, false, false, true);
+  model.refreshRunningApps({.publish = true});
   EXPECT_THAT(log(), HasSubstr("Duplicate window IDs: ax:10:hash:8. The duplicate"));
   EXPECT_FALSE(sim.defaults().contains(kPendingRuntimeIssueMessageKey));
 }
