@@ -115,7 +115,7 @@ TEST_F(Duplicates, TwoCollidingPairsGiveOneTabEachAndNoRepairRequest) {
   }
   desktop.populate({app(10, "Mail", windows)});
   AppModel& model = start();
-  model.refreshRunningApps(false, false, false, true);
+  model.refreshRunningApps({.publish = true});
   EXPECT_THAT(shownIDs(), ElementsAre("ax:10:hash:7", "ax:10:hash:8"));
   EXPECT_THAT(log(), Not(HasSubstr("Duplicate task state was detected before refresh.")));
   EXPECT_FALSE(sim.defaults().contains(kPendingRuntimeIssueMessageKey));

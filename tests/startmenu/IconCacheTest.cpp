@@ -171,7 +171,7 @@ TEST_F(IconCache, ClearingForgetsIconsAndMetadataAndDeletesEveryFile) {
   sim.scan(10);
   ASSERT_FALSE(model.discovery.appMetadataCache.empty());
   writeBytes(folder() + "/stray.bin", 10);
-  model.syncAXObservers({sim.runningApp(10)});
+  model.refreshRunningApps({.publish = true});
   ASSERT_EQ(model.discovery.axObserversByPID.count(10), 1u);
 
   model.clearIconCaches();
