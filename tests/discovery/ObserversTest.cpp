@@ -108,6 +108,17 @@ TEST_F(Observers, RemovingAllForgetsEveryObservedApplication) {
   EXPECT_EQ(ax.observerCount(10), 0);
 }
 
+TEST_F(Observers, ClearingTheIconCachesRemovesThemAndTheNextRefreshMakesThemAnew) {
+  desktop.populate({app(10, "Mail", {window("Inbox")})});
+  AppModel& model = start();
+  ASSERT_EQ(ax.observerCount(10), 1);
+  model.clearIconCaches();
+  EXPECT_THAT(state().axObserversByPID, IsEmpty());
+  EXPECT_EQ(ax.observerCount(10), 0);
+  fullRefresh();
+  EXPECT_EQ(ax.observerCount(10), 1);
+}
+
 TEST_F(Observers, WhileDeliveryIsSuspendedNewObserversWaitForTheirSource) {
   desktop.populate({app(10, "Mail", {window("Inbox")})});
   AppModel& model = start();
