@@ -9,6 +9,7 @@ namespace tolv::x11 {
 
 class X11Connection;
 class X11Clients;
+class X11Pointer;
 
 // Every platform service of one X display, over the toolkit's event loop: the
 // backend's own X connection, the XDG folders for defaults and files. Needs the
@@ -27,6 +28,7 @@ class X11Platform {
   Platform platform() const { return platform_; }
   X11Connection& connection() { return *connection_; }
   X11Clients& clients() { return *clients_; }
+  X11Pointer& pointer();
 
  private:
   struct Services;

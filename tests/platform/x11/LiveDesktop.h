@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include <QImage>
+
 #include "platform/Pid.h"
 #include "platform/x11/X11Clients.h"
 #include "platform/x11/X11Platform.h"
@@ -39,6 +41,10 @@ class LiveDesktopTest : public ::testing::Test {
   void terminate(Pid pid);
   // Spins the event loop until `done` holds or `seconds` passed; whether it held.
   bool waitUntil(const std::function<bool()>& done, double seconds = 15.0);
+  // The whole screen as it is shown.
+  QImage screenshot();
+  // The managed windows of a process that are docks of the desktop.
+  std::vector<xcb_window_t> docksOf(Pid pid);
 
   std::unique_ptr<X11Platform> desktop;
   std::string configFolder;
