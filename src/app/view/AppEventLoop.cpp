@@ -31,11 +31,16 @@ void requestEnd(int) {
 
 }  // namespace
 
-int runEventLoopUntilEnd(Processes& processes, const std::function<std::optional<int>()>& step) {
+void catchEndRequests() {
+  if (signalPipe[0] >= 0) return;
   endRequested = 0;
   if (::pipe2(signalPipe, O_CLOEXEC | O_NONBLOCK) != 0) signalPipe[0] = signalPipe[1] = -1;
   std::signal(SIGINT, requestEnd);
   std::signal(SIGTERM, requestEnd);
+}
+
+int runEventLoopUntilEnd(Processes& processes, const std::function<std::optional<int>()>& step) {
+  catchEndRequests();
   int status = 0;
   auto endWhenAsked = [&] {
     if (endRequested || processes.terminationRequested()) QCoreApplication::quit();
@@ -68,6 +73,8 @@ int runEventLoopUntilEnd(Processes& processes, const std::function<std::optional
     });
     driver.start(15);
   }
+  // A request that came while Tolv was launching ends the loop at once.
+  QTimer::singleShot(0, endWhenAsked);
   QCoreApplication::exec();
   QObject::disconnect(beforeSleep);
   std::signal(SIGINT, SIG_DFL);

@@ -21,6 +21,10 @@ class Processes;
 int runEventLoopUntilEnd(Processes& processes,
                          const std::function<std::optional<int>()>& step = {});
 
+// Catches interrupt and termination signals from here on, for the loop above to
+// end on, so that a signal that comes while Tolv is launching ends it in order too.
+void catchEndRequests();
+
 // The file that receives one JSON line per checkpoint, flushed line by line.
 class CheckpointDump {
  public:

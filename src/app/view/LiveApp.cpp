@@ -103,6 +103,7 @@ int runLiveDesktop(int& argc, char** argv, std::optional<LiveScenarioOptions> li
   PanelScenarioViews views;
   if (liveScenario) return runScenario(desktop->platform(), views, std::move(*liveScenario));
 
+  catchEndRequests();
   AppDelegate delegate(desktop->platform(),
                        views.controllerFactories(scenario::TextMeasure::Toolkit));
   delegate.applicationDidFinishLaunching();

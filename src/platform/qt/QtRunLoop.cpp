@@ -97,16 +97,17 @@ void fireDue(const std::shared_ptr<TimerState>& state) {
   state->action();
 }
 
-// Runs every timer due now, earliest fire date first, those due together in the
-// order they were scheduled.
-void fireAllDue(const std::shared_ptr<TimerRegistry>& registry) {
+// Runs the timer whose QTimer woke the loop and every other timer due now,
+// earliest fire date first, those due together in the order they were scheduled.
+void fireAllDue(const std::shared_ptr<TimerRegistry>& registry,
+                const std::shared_ptr<TimerState>& waking) {
   // A millisecond of slack: QTimers count in whole milliseconds.
   const double now = monotonicSeconds() + 0.001;
   std::vector<std::shared_ptr<TimerState>> due;
   std::erase_if(*registry, [&](const std::weak_ptr<TimerState>& weak) {
     auto state = weak.lock();
     if (!state || !state->valid) return true;
-    if (state->fireDate <= now) due.push_back(std::move(state));
+    if (state == waking || state->fireDate <= now) due.push_back(std::move(state));
     return false;
   });
   std::sort(due.begin(), due.end(), [](const auto& a, const auto& b) {
@@ -136,10 +137,13 @@ std::unique_ptr<Timer> QtRunLoop::scheduleTimer(double firstDelay, double interv
   state->timer = new QTimer(&context_);
   state->timer->setSingleShot(true);
   state->timer->setTimerType(Qt::PreciseTimer);
-  QObject::connect(state->timer, &QTimer::timeout, state->timer,
-                   [weak = std::weak_ptr<TimerRegistry>(timers_)] {
-                     if (auto registry = weak.lock()) fireAllDue(registry);
-                   });
+  QObject::connect(
+      state->timer, &QTimer::timeout, state->timer,
+      [weak = std::weak_ptr<TimerRegistry>(timers_), waking = std::weak_ptr<TimerState>(state)] {
+        auto registry = weak.lock();
+        auto state = waking.lock();
+        if (registry && state) fireAllDue(registry, state);
+      });
   timers_->push_back(state);
   state->arm();
   return std::make_unique<QtTimerHandle>(state);
