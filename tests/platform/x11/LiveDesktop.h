@@ -10,6 +10,7 @@
 
 #include <QImage>
 
+#include "app/RuntimeIssues.h"
 #include "platform/Pid.h"
 #include "platform/x11/X11Clients.h"
 #include "platform/x11/X11Platform.h"
@@ -45,12 +46,15 @@ class LiveDesktopTest : public ::testing::Test {
   QImage screenshot();
   // The managed windows of a process that are docks of the desktop.
   std::vector<xcb_window_t> docksOf(Pid pid);
+  // Opens `desktop` over the test's folders, with the runtime log the program gives it.
+  void openDesktop();
 
   std::unique_ptr<X11Platform> desktop;
   std::string configFolder;
   std::string dataFolder;
 
  private:
+  std::unique_ptr<RuntimeIssueFile> runtimeLog_;
   std::vector<Pid> children_;
   std::string scratch_;
   std::vector<std::pair<std::string, std::optional<std::string>>> savedEnvironment_;
