@@ -6,7 +6,7 @@ set -euo pipefail
 
 packages=(
   # build and tests
-  cmake ninja-build g++ pkg-config clang-format
+  cmake ninja-build g++ pkg-config clang-format desktop-file-utils
   libgtest-dev libgmock-dev libbenchmark-dev
   # core libraries
   nlohmann-json3-dev libicu-dev libssl-dev
@@ -14,7 +14,7 @@ packages=(
   qt6-base-dev
   # the live X11 desktop and the defaults store
   libxcb1-dev libxcb-ewmh-dev libxcb-icccm4-dev libxcb-randr0-dev libxcb-keysyms1-dev
-  libxcb-xtest0-dev libplist-dev
+  libxcb-xtest0-dev libxcb-xinput-dev libx11-dev libplist-dev
   # end-to-end tests: a real X server, window manager and clients
   xvfb openbox x11-apps xterm xdotool x11-utils
 )

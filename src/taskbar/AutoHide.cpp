@@ -716,12 +716,11 @@ void AutoHide::beginStartupInteractionHold() {
     }
   });
   std::weak_ptr<bool> alive = alive_;
-  startupInteractionMonitor_ =
-      model_.platform().pointer->pressed().subscribe([this, alive](PointerButton) {
-        runLoop_.post([this, alive] {
-          if (!alive.expired()) endStartupInteractionHold();
-        });
-      });
+  startupInteractionMonitor_ = model_.platform().pointer->userEvent().subscribe([this, alive] {
+    runLoop_.post([this, alive] {
+      if (!alive.expired()) endStartupInteractionHold();
+    });
+  });
 }
 
 void AutoHide::endStartupInteractionHold() {

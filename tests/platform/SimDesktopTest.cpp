@@ -3,6 +3,7 @@
 
 #include "platform/sim/SimAccessibility.h"
 #include "platform/sim/SimDesktop.h"
+#include "platform/sim/SimPointer.h"
 #include "platform/sim/SimWorkspace.h"
 #include "support/SimModel.h"
 
@@ -168,6 +169,35 @@ TEST(SimDesktopSystem, AnnouncesSleepSessionAndScreenSaverOnTheirCentres) {
   EXPECT_THAT(seen, ElementsAre(workspace_notification::ScreensDidSleep,
                                 workspace_notification::SessionDidResignActive,
                                 "com.apple.screensaver.didstart"));
+}
+
+}  // namespace
+}  // namespace tolv::sim
+
+namespace tolv::sim {
+namespace {
+
+// What the design's event monitors see of the user's hand: every press, key
+// and scroll, and no move; a scroll away from the pointer moves it first.
+TEST(SimDesktopPointer, MonitorsSeePressesKeysAndScrollsButNotMoves) {
+  SimDesktop desktop;
+  SimPointer& pointer = desktop.pointer();
+  std::vector<std::string> seen;
+  std::vector<Subscription> subscriptions;
+  subscriptions.push_back(pointer.userEvent().subscribe([&] { seen.push_back("event"); }));
+  subscriptions.push_back(pointer.moved().subscribe(
+      [&](Point p) { seen.push_back("move " + std::to_string(int(p.y))); }));
+  subscriptions.push_back(pointer.scrolled().subscribe(
+      [&](const ScrollEvent& e) { seen.push_back("scroll " + std::to_string(int(e.deltaY))); }));
+
+  pointer.movePointer({10, 20});
+  pointer.press(PointerButton::Right);
+  pointer.pressKey();
+  pointer.scroll({.location = {10, 20}, .deltaY = -3, .precise = false});
+  pointer.scroll({.location = {10, 40}, .deltaY = 2, .precise = true});
+  EXPECT_THAT(seen, ElementsAre("move 20", "event", "event", "scroll -3", "event", "move 40",
+                                "scroll 2", "event"));
+  EXPECT_EQ(pointer.location(), (Point{10, 40}));
 }
 
 }  // namespace

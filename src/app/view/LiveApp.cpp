@@ -16,16 +16,18 @@
 #include "platform/qt/QtPlatform.h"
 #include "platform/x11/DockWindow.h"
 #include "platform/x11/X11Platform.h"
+#include "platform/x11/X11Pointer.h"
 
 namespace tolv {
 
 namespace {
 
 // Marks every panel window of the bar as a dock of the desktop just before it
-// is first shown, while the window manager hasn't seen it yet.
+// is first shown, while the window manager hasn't seen it yet, and has the
+// pointer service tell the moves into, within and out of it.
 class DockPanels : public QObject {
  public:
-  explicit DockPanels(x11::X11Connection& connection) : connection_(connection) {
+  explicit DockPanels(x11::X11Platform& desktop) : desktop_(desktop) {
     QCoreApplication::instance()->installEventFilter(this);
   }
 
@@ -33,13 +35,15 @@ class DockPanels : public QObject {
     if (event->type() != QEvent::Show || !object->isWidgetType()) return false;
     auto* widget = static_cast<QWidget*>(object);
     if (!widget->isWindow()) return false;
-    if (widget->objectName() == "taskbarPanel" || widget->objectName() == "triggerPanel")
-      x11::makeDockWindow(connection_, *widget);
+    if (widget->objectName() == "taskbarPanel" || widget->objectName() == "triggerPanel") {
+      x11::makeDockWindow(desktop_.connection(), *widget);
+      desktop_.pointer().watch(static_cast<xcb_window_t>(widget->winId()));
+    }
     return false;
   }
 
  private:
-  x11::X11Connection& connection_;
+  x11::X11Platform& desktop_;
 };
 
 }  // namespace
@@ -98,15 +102,15 @@ int runLiveDesktop(int& argc, char** argv, std::optional<LiveScenarioOptions> li
   }
   RuntimeIssueFile runtimeLog(desktop->platform());
   desktop->setRuntimeIssueLog(&runtimeLog);
-  DockPanels docks(desktop->connection());
+  DockPanels docks(*desktop);
   PanelScenarioViews views;
   if (liveScenario) return runScenario(desktop->platform(), views, std::move(*liveScenario));
 
+  catchEndRequests();
   AppDelegate delegate(desktop->platform(),
                        views.controllerFactories(scenario::TextMeasure::Toolkit));
   delegate.applicationDidFinishLaunching();
-  const int status =
-      runEventLoopUntilEnd(*desktop->platform().processes, [] { return std::optional<int>(); });
+  const int status = runEventLoopUntilEnd(*desktop->platform().processes);
   delegate.applicationWillTerminate();
   return status;
 }

@@ -22,6 +22,12 @@ int millisecondsUntil(double time) {
   return static_cast<int>(std::min(std::ceil(delay * 1000.0), double(INT32_MAX)));
 }
 
+}  // namespace
+
+struct TimerState;
+// Every timer of one run loop, so that a wake-up runs all that are due.
+using TimerRegistry = std::vector<std::weak_ptr<TimerState>>;
+
 // What a timer handle and its QTimer share. The QTimer's callback holds it too,
 // so a handle dropped by its own action leaves the running action intact.
 struct TimerState {
@@ -29,14 +35,20 @@ struct TimerState {
   double interval = 0;
   double tolerance = 0;
   double fireDate = 0;
+  uint64_t sequence = 0;
   bool valid = true;
   // Gone with the run loop, which may end before the handle does.
   QPointer<QTimer> timer;
 
+  // The QTimer wakes the loop as late as the tolerance allows; whichever timer
+  // wakes it first takes along every other that is due by then, so timers with
+  // tolerance share their wake-ups.
   void arm() {
-    if (valid && timer) timer->start(millisecondsUntil(fireDate));
+    if (valid && timer) timer->start(millisecondsUntil(fireDate + tolerance));
   }
 };
+
+namespace {
 
 class QtTimerHandle : public Timer {
  public:
@@ -80,8 +92,29 @@ void fireDue(const std::shared_ptr<TimerState>& state) {
     state->arm();
   } else {
     state->valid = false;
+    if (state->timer) state->timer->stop();
   }
   state->action();
+}
+
+// Runs the timer whose QTimer woke the loop and every other timer due now,
+// earliest fire date first, those due together in the order they were scheduled.
+void fireAllDue(const std::shared_ptr<TimerRegistry>& registry,
+                const std::shared_ptr<TimerState>& waking) {
+  // A millisecond of slack: QTimers count in whole milliseconds.
+  const double now = monotonicSeconds() + 0.001;
+  std::vector<std::shared_ptr<TimerState>> due;
+  std::erase_if(*registry, [&](const std::weak_ptr<TimerState>& weak) {
+    auto state = weak.lock();
+    if (!state || !state->valid) return true;
+    if (state == waking || state->fireDate <= now) due.push_back(std::move(state));
+    return false;
+  });
+  std::sort(due.begin(), due.end(), [](const auto& a, const auto& b) {
+    return a->fireDate != b->fireDate ? a->fireDate < b->fireDate : a->sequence < b->sequence;
+  });
+  for (const auto& state : due)
+    fireDue(state);
 }
 
 }  // namespace
@@ -100,13 +133,18 @@ std::unique_ptr<Timer> QtRunLoop::scheduleTimer(double firstDelay, double interv
   state->interval = std::max(0.0, interval);
   state->tolerance = std::max(0.0, tolerance);
   state->fireDate = now() + std::max(0.0, firstDelay);
+  state->sequence = nextTimerSequence_++;
   state->timer = new QTimer(&context_);
   state->timer->setSingleShot(true);
-  state->timer->setTimerType(state->tolerance > 0 ? Qt::CoarseTimer : Qt::PreciseTimer);
-  QObject::connect(state->timer, &QTimer::timeout, state->timer,
-                   [weak = std::weak_ptr<TimerState>(state)] {
-                     if (auto live = weak.lock()) fireDue(live);
-                   });
+  state->timer->setTimerType(Qt::PreciseTimer);
+  QObject::connect(
+      state->timer, &QTimer::timeout, state->timer,
+      [weak = std::weak_ptr<TimerRegistry>(timers_), waking = std::weak_ptr<TimerState>(state)] {
+        auto registry = weak.lock();
+        auto state = waking.lock();
+        if (registry && state) fireAllDue(registry, state);
+      });
+  timers_->push_back(state);
   state->arm();
   return std::make_unique<QtTimerHandle>(state);
 }

@@ -16,11 +16,20 @@ void SimPointer::warp(Point to) {
 
 void SimPointer::movePointer(Point to) {
   location_ = to;
-  moved().emit(location_);
+  deliverMove(location_);
 }
 
 void SimPointer::press(PointerButton button) {
-  pressed().emit(button);
+  deliverPress(button);
+}
+
+void SimPointer::pressKey() {
+  deliverKey();
+}
+
+void SimPointer::scroll(const ScrollEvent& event) {
+  if (event.location != location_) movePointer(event.location);
+  deliverScroll(event);
 }
 
 }  // namespace tolv::sim

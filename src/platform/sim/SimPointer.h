@@ -15,9 +15,12 @@ class SimPointer : public Pointer {
   Point location() override;
   void warp(Point to) override;
 
-  // What the user's hand does.
+  // What the user's hand does. A scroll happens where the pointer is; the
+  // pointer moves there first.
   void movePointer(Point to);
   void press(PointerButton button);
+  void pressKey();
+  void scroll(const ScrollEvent& event);
 
  private:
   CallCounter& calls_;

@@ -17,24 +17,6 @@ struct Freed {
 template <class T>
 using Reply = std::unique_ptr<T, Freed<T>>;
 
-bool isValidUtf8(const std::string& text) {
-  size_t i = 0;
-  while (i < text.size()) {
-    const auto lead = static_cast<unsigned char>(text[i]);
-    size_t length = lead < 0x80           ? 1
-                    : (lead >> 5) == 0x6  ? 2
-                    : (lead >> 4) == 0xE  ? 3
-                    : (lead >> 3) == 0x1E ? 4
-                                          : 0;
-    if (length == 0 || i + length > text.size()) return false;
-    for (size_t k = 1; k < length; ++k) {
-      if ((static_cast<unsigned char>(text[i + k]) & 0xC0) != 0x80) return false;
-    }
-    i += length;
-  }
-  return true;
-}
-
 }  // namespace
 
 std::unique_ptr<X11Connection> X11Connection::open(const std::string& display) {
@@ -45,11 +27,12 @@ std::unique_ptr<X11Connection> X11Connection::open(const std::string& display) {
     if (connection) xcb_disconnect(connection);
     return nullptr;
   }
-  return std::unique_ptr<X11Connection>(new X11Connection(connection, screenNumber));
+  return std::unique_ptr<X11Connection>(new X11Connection(connection, screenNumber, display));
 }
 
-X11Connection::X11Connection(xcb_connection_t* connection, int screenNumber)
-    : connection_(connection) {
+X11Connection::X11Connection(xcb_connection_t* connection, int screenNumber,
+                             const std::string& display)
+    : connection_(connection), compoundText_(display) {
   auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection_));
   for (int i = 0; i < screenNumber && screens.rem > 1; ++i)
     xcb_screen_next(&screens);
@@ -79,6 +62,9 @@ void X11Connection::dispatchPending() {
     Reply<xcb_generic_event_t> owned(event);
     for (size_t i = 0; i < listeners_.size(); ++i)
       listeners_[i](*event);
+    if ((event->response_type & 0x7F) == XCB_DESTROY_NOTIFY) {
+      eventMasks_.erase(reinterpret_cast<xcb_destroy_notify_event_t*>(event)->window);
+    }
   }
   flush();
 }
@@ -108,22 +94,12 @@ std::optional<std::string> X11Connection::text(xcb_window_t window, const std::s
   Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(connection_, cookie, nullptr));
   if (!reply || reply->type == XCB_ATOM_NONE || reply->format != 8) return std::nullopt;
   const auto* bytes = static_cast<const char*>(xcb_get_property_value(reply.get()));
-  std::string value(bytes, xcb_get_property_value_length(reply.get()));
-  // STRING is Latin-1, but many clients put UTF-8 there; bytes that are valid
-  // UTF-8 are taken as such.
-  if (reply->type == XCB_ATOM_STRING && !isValidUtf8(value)) {
-    std::string utf8;
-    for (unsigned char c : value) {
-      if (c < 0x80) {
-        utf8 += static_cast<char>(c);
-      } else {
-        utf8 += static_cast<char>(0xC0 | (c >> 6));
-        utf8 += static_cast<char>(0x80 | (c & 0x3F));
-      }
-    }
-    return utf8;
-  }
-  return value;
+  std::string_view value(bytes, xcb_get_property_value_length(reply.get()));
+  TextEncoding encoding = reply->type == XCB_ATOM_STRING         ? TextEncoding::Latin1
+                          : reply->type == atom("UTF8_STRING")   ? TextEncoding::Utf8
+                          : reply->type == atom("COMPOUND_TEXT") ? TextEncoding::CompoundText
+                                                                 : TextEncoding::Other;
+  return decodeTextProperty(encoding, value, compoundText_);
 }
 
 std::optional<std::pair<std::string, std::string>> X11Connection::windowClass(xcb_window_t window) {
@@ -183,8 +159,14 @@ void X11Connection::sendRootMessage(xcb_window_t window, const std::string& type
 }
 
 void X11Connection::watch(xcb_window_t window) {
-  const uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
-  xcb_change_window_attributes(connection_, window, XCB_CW_EVENT_MASK, &events);
+  selectEvents(window, XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+}
+
+void X11Connection::selectEvents(xcb_window_t window, uint32_t eventMask) {
+  uint32_t& mask = eventMasks_[window];
+  // A destroyed window's mask is dropped, so it has to be told.
+  mask |= eventMask | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+  xcb_change_window_attributes(connection_, window, XCB_CW_EVENT_MASK, &mask);
 }
 
 }  // namespace tolv::x11

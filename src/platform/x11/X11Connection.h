@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/Geometry.h"
+#include "platform/x11/TextProperty.h"
 
 class QSocketNotifier;
 
@@ -42,7 +43,8 @@ class X11Connection {
 
   // A property's 32-bit items (CARDINAL, WINDOW, ATOM lists); nothing when absent.
   std::optional<std::vector<uint32_t>> cardinals(xcb_window_t window, const std::string& property);
-  // A text property in UTF-8 or Latin-1 as it stands; nothing when absent.
+  // A text property (UTF8_STRING, STRING in Latin-1, COMPOUND_TEXT) as valid
+  // UTF-8; nothing when absent.
   std::optional<std::string> text(xcb_window_t window, const std::string& property);
   // The two strings of WM_CLASS: instance and class.
   std::optional<std::pair<std::string, std::string>> windowClass(xcb_window_t window);
@@ -56,15 +58,20 @@ class X11Connection {
                        const std::vector<uint32_t>& data);
   // Watches a window for property and structure changes.
   void watch(xcb_window_t window);
+  // Adds events to those this connection selects on a window; what was selected
+  // before stays, whoever in the backend asked for it.
+  void selectEvents(xcb_window_t window, uint32_t eventMask);
 
  private:
-  X11Connection(xcb_connection_t* connection, int screenNumber);
+  X11Connection(xcb_connection_t* connection, int screenNumber, const std::string& display);
 
   xcb_connection_t* connection_;
   xcb_screen_t* screen_ = nullptr;
   std::unique_ptr<QSocketNotifier> notifier_;
   std::vector<Listener> listeners_;
   std::map<std::string, xcb_atom_t> atoms_;
+  CompoundTextDecoder compoundText_;
+  std::map<xcb_window_t, uint32_t> eventMasks_;
 };
 
 }  // namespace tolv::x11

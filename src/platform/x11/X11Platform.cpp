@@ -6,6 +6,7 @@
 #include "platform/qt/QtClock.h"
 #include "platform/qt/QtImages.h"
 #include "platform/qt/QtRunLoop.h"
+#include "platform/x11/DesktopDefaults.h"
 #include "platform/x11/PlistUserDefaults.h"
 #include "platform/x11/X11Accessibility.h"
 #include "platform/x11/X11Clients.h"
@@ -27,7 +28,7 @@ struct X11Platform::Services {
   qt::QtClock clock;
   qt::QtImages images;
   std::unique_ptr<PosixFileSystem> fileSystem;
-  std::unique_ptr<PlistUserDefaults> userDefaults;
+  std::unique_ptr<DesktopDefaults> userDefaults;
   std::unique_ptr<X11WindowActions> windowActions;
   std::unique_ptr<X11Accessibility> accessibility;
   std::unique_ptr<X11Workspace> workspace;
@@ -44,6 +45,10 @@ struct X11Platform::Services {
 };
 
 X11Platform::~X11Platform() = default;
+
+X11Pointer& X11Platform::pointer() {
+  return *services_->pointer;
+}
 
 std::unique_ptr<X11Platform> X11Platform::open(const std::string& display, std::string configFolder,
                                                std::string dataFolder) {
@@ -92,12 +97,14 @@ std::unique_ptr<X11Platform> X11Platform::open(const std::string& display, std::
   // A defaults file that can't be read is noted in the runtime log, which the
   // application gives the platform after it is made; the note is only written,
   // not announced, since announcing goes through the defaults being read.
-  s.userDefaults = std::make_unique<PlistUserDefaults>(
+  auto stored = std::make_unique<PlistUserDefaults>(
       *s.fileSystem, configFolder.empty() ? x11::configFolder() : std::move(configFolder),
       [clock = &s.clock] { return clock->secondsSince1970(); },
       [platform = &bundle->platform_](const std::string& title, const std::string& detail) {
         if (platform->runtimeIssueLog) platform->runtimeIssueLog->record({title, detail});
       });
+  // The menu bar's and the Dock's keys are answered as a desktop without them would.
+  s.userDefaults = std::make_unique<DesktopDefaults>(std::move(stored));
   p.userDefaults = s.userDefaults.get();
   return bundle;
 }

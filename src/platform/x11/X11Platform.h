@@ -9,6 +9,7 @@ namespace tolv::x11 {
 
 class X11Connection;
 class X11Clients;
+class X11Pointer;
 
 // Every platform service of one X display, over the toolkit's event loop: the
 // backend's own X connection, the XDG folders for defaults and files. Needs the
@@ -30,6 +31,7 @@ class X11Platform {
   void setRuntimeIssueLog(RuntimeIssueLog* log) { platform_.runtimeIssueLog = log; }
   X11Connection& connection() { return *connection_; }
   X11Clients& clients() { return *clients_; }
+  X11Pointer& pointer();
 
  private:
   struct Services;

@@ -4,6 +4,11 @@
 
 namespace tolv {
 
+namespace {
+// At or below this opacity a panel counts as out of view, as the bar's logic has it.
+constexpr double kUnseenAlpha = 0.01;
+}  // namespace
+
 QtPanelWindow::QtPanelWindow(const PanelSetup& setup, std::function<double()> mainScreenHeight)
     : mainScreenHeight_(std::move(mainScreenHeight)),
       widget_(std::make_unique<QWidget>(nullptr, Qt::Tool | Qt::FramelessWindowHint |
@@ -35,6 +40,20 @@ void QtPanelWindow::setFrame(const Rect& frame, bool) {
 void QtPanelWindow::setAlpha(double alpha) {
   alpha_ = alpha;
   widget_->setWindowOpacity(alpha);
+  mapWhenSeen();
+}
+
+void QtPanelWindow::mapWhenSeen() {
+  // A window faded out is also taken off the screen: without a compositing
+  // manager its opacity alone would leave it drawn, and in front of others.
+  const bool seen = visible_ && alpha_ > kUnseenAlpha;
+  if (seen == widget_->isVisible()) return;
+  if (seen) {
+    widget_->show();
+    widget_->raise();
+  } else {
+    widget_->hide();
+  }
 }
 
 void QtPanelWindow::setIgnoresMouseEvents(bool ignores) {
@@ -49,13 +68,13 @@ void QtPanelWindow::setTransform(const HideTransform& transform) {
 
 void QtPanelWindow::orderFront() {
   visible_ = true;
-  widget_->show();
+  mapWhenSeen();
   widget_->raise();
 }
 
 void QtPanelWindow::orderBack() {
   visible_ = true;
-  widget_->show();
+  mapWhenSeen();
   widget_->lower();
 }
 

@@ -47,6 +47,7 @@ class QtPanelWindow : public PanelWindow {
 
  private:
   void place();
+  void mapWhenSeen();
 
   std::function<double()> mainScreenHeight_;
   std::unique_ptr<QWidget> widget_;

@@ -23,6 +23,8 @@ namespace tolv {
 namespace {
 
 const QColor kDesktop(40, 44, 52);
+// After a press of the strip's menu button, the bar hides this much later.
+constexpr double kMenuButtonHideDelay = 0.05;
 
 }  // namespace
 
@@ -71,6 +73,10 @@ void TaskbarPanelController::showViews() {
 }
 
 std::optional<TabClickReport> TaskbarPanelController::click(Point designPoint, MouseButton button) {
+  if (auto part = bufferStripPartAt(*panels_, designPoint)) {
+    clickBufferStrip(*part);
+    return std::nullopt;
+  }
   auto hit = tabAt(*panels_, designPoint);
   if (!hit) return std::nullopt;
   TabClickReport report;
@@ -103,6 +109,20 @@ std::optional<TabClickReport> TaskbarPanelController::click(Point designPoint, M
       break;
   }
   return report;
+}
+
+void TaskbarPanelController::clickBufferStrip(BufferStripPart part) {
+  if (part == BufferStripPart::Rest) {
+    autoHide_->hidePanelsImmediately();
+    return;
+  }
+  // The menu button opens the front application's menu of a global menu bar and
+  // hides the bar a moment later. A desktop without such a menu bar has nothing
+  // to open, as a failed attempt would; the bar still hides.
+  menuButtonHide_ = model_.platform().runLoop->scheduleTimer(kMenuButtonHideDelay, 0, 0, [this] {
+    menuButtonHide_.reset();
+    autoHide_->hidePanelsImmediately();
+  });
 }
 
 bool TaskbarPanelController::chooseMenuItem(const std::string& title) {

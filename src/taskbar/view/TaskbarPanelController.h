@@ -10,6 +10,7 @@
 #include <nlohmann/json.hpp>
 
 #include "taskbar/AutoHide.h"
+#include "taskbar/BufferStrip.h"
 #include "taskbar/TabClicks.h"
 #include "taskbar/TaskbarController.h"
 #include "taskbar/TaskbarPanels.h"
@@ -88,6 +89,7 @@ class TaskbarPanelController : public TaskbarController {
   void redraw();
   // A click of the pointer in a panel's view: the click, then its menu.
   void pointerClicked(Point designPoint, MouseButton button);
+  void clickBufferStrip(BufferStripPart part);
   void showGroupPopup(const TaskbarPanel& panel, const TabDrawing& tab,
                       const RunningAppGroup& group);
   void showWorkspacePanel(const TaskbarPanel& panel, const TabDrawing& tab,
@@ -107,6 +109,7 @@ class TaskbarPanelController : public TaskbarController {
   std::vector<ManagedWorkspaceTask> workspacePanelSpaces_;
   std::unique_ptr<QMenu> shownMenu_;
   std::unique_ptr<QWidget> popupWindow_;
+  std::unique_ptr<Timer> menuButtonHide_;
 };
 
 // A name made safe for a file: anything but letters, digits, '.', '-' and '_' becomes '_'.

@@ -154,6 +154,29 @@ TEST_F(QtRunLoopTest, ANewFireDateMovesTheNextFiring) {
   EXPECT_GE(loop.now(), moved - 0.002);
 }
 
+// Two periodic timers a few milliseconds apart, each with a tolerance wider
+// than the gap: the later one rides along on the earlier one's wake-up, so the
+// pair costs one wake-up per period. A marker posted by the first tells whether
+// the loop turned in between.
+TEST_F(QtRunLoopTest, TimersWithAToleranceShareTheirWakeUps) {
+  bool turnedSinceFirst = true;
+  int shared = 0;
+  int second = 0;
+  auto first = loop.scheduleTimer(0.04, 0.04, 0.02, [&] {
+    turnedSinceFirst = false;
+    loop.post([&] { turnedSinceFirst = true; });
+  });
+  bool secondScheduled = false;
+  loop.postAfter(0.004, [&] { secondScheduled = true; });
+  ASSERT_TRUE(spinFor([&] { return secondScheduled; }));
+  auto later = loop.scheduleTimer(0.04, 0.04, 0.02, [&] {
+    ++second;
+    if (!turnedSinceFirst) ++shared;
+  });
+  ASSERT_TRUE(spinFor([&] { return second >= 4; }));
+  EXPECT_EQ(shared, second);
+}
+
 TEST(QtRunLoopLifetime, WorkAndTimersOfAGoneLoopNeverRun) {
   tolv::testing::ensureTestApplication();
   int ran = 0;

@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "platform/x11/X11Connection.h"
 #include "support/TestApplication.h"
 
 extern char** environ;
@@ -145,6 +146,35 @@ bool LiveDesktopTest::waitUntil(const std::function<bool()>& done, double second
   RunLoop& loop = *desktop->platform().runLoop;
   loop.spinUntil(loop.now() + seconds, 0.02, done);
   return done();
+}
+
+}  // namespace tolv::x11::testing
+
+namespace tolv::x11::testing {
+
+QImage LiveDesktopTest::screenshot() {
+  X11Connection& x = desktop->connection();
+  const xcb_screen_t& screen = x.screen();
+  auto cookie = xcb_get_image(x.raw(), XCB_IMAGE_FORMAT_Z_PIXMAP, x.root(), 0, 0,
+                              screen.width_in_pixels, screen.height_in_pixels, ~0u);
+  xcb_get_image_reply_t* reply = xcb_get_image_reply(x.raw(), cookie, nullptr);
+  if (!reply) return {};
+  QImage image(xcb_get_image_data(reply), screen.width_in_pixels, screen.height_in_pixels,
+               QImage::Format_RGB32);
+  QImage copy = image.copy();
+  std::free(reply);
+  return copy;
+}
+
+std::vector<xcb_window_t> LiveDesktopTest::docksOf(Pid pid) {
+  desktop->clients().refresh();
+  std::vector<xcb_window_t> docks;
+  for (xcb_window_t window : desktop->clients().windows()) {
+    if (desktop->clients().pidOf(window) == pid &&
+        desktop->connection().hasAtom(window, "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DOCK"))
+      docks.push_back(window);
+  }
+  return docks;
 }
 
 }  // namespace tolv::x11::testing

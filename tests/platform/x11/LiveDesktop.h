@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include <QImage>
+
 #include "app/RuntimeIssues.h"
 #include "platform/Pid.h"
 #include "platform/x11/X11Clients.h"
@@ -40,6 +42,10 @@ class LiveDesktopTest : public ::testing::Test {
   void terminate(Pid pid);
   // Spins the event loop until `done` holds or `seconds` passed; whether it held.
   bool waitUntil(const std::function<bool()>& done, double seconds = 15.0);
+  // The whole screen as it is shown.
+  QImage screenshot();
+  // The managed windows of a process that are docks of the desktop.
+  std::vector<xcb_window_t> docksOf(Pid pid);
   // Opens `desktop` over the test's folders, with the runtime log the program gives it.
   void openDesktop();
 

@@ -36,18 +36,6 @@ class LiveProgram : public LiveDesktopTest {
     output = scratchFolder() + "/tolv.out";
   }
 
-  // The managed windows of a process that are docks of the desktop.
-  std::vector<xcb_window_t> docksOf(Pid pid) {
-    desktop->clients().refresh();
-    std::vector<xcb_window_t> docks;
-    for (xcb_window_t window : desktop->clients().windows()) {
-      if (desktop->clients().pidOf(window) == pid &&
-          desktop->connection().hasAtom(window, "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DOCK"))
-        docks.push_back(window);
-    }
-    return docks;
-  }
-
   // The dump's lines so far.
   std::vector<Json> lines(const std::string& path) {
     std::vector<Json> parsed;
@@ -63,21 +51,6 @@ class LiveProgram : public LiveDesktopTest {
     const std::string path = scratchFolder() + "/scenario.json";
     std::ofstream(path) << scenario.dump();
     return path;
-  }
-
-  // The whole screen as it is shown.
-  QImage screenshot() {
-    X11Connection& x = desktop->connection();
-    const xcb_screen_t& screen = x.screen();
-    auto cookie = xcb_get_image(x.raw(), XCB_IMAGE_FORMAT_Z_PIXMAP, x.root(), 0, 0,
-                                screen.width_in_pixels, screen.height_in_pixels, ~0u);
-    xcb_get_image_reply_t* reply = xcb_get_image_reply(x.raw(), cookie, nullptr);
-    if (!reply) return {};
-    QImage image(xcb_get_image_data(reply), screen.width_in_pixels, screen.height_in_pixels,
-                 QImage::Format_RGB32);
-    QImage copy = image.copy();
-    std::free(reply);
-    return copy;
   }
 
   std::string output;

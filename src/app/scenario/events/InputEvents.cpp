@@ -1,8 +1,15 @@
-// The user's pointer buttons and keys. A click goes through the panels' own
-// hit testing; keys are read and checked, and run once the bar answers keys.
+// The user's pointer buttons, wheel and keys. Each reaches the pointer and
+// keyboard services first, as a user's hand does (so the event monitors see it),
+// and then the panel under the point, if any, through the panels' hit testing.
+
+#include <map>
 
 #include "app/scenario/Events.h"
 #include "app/scenario/ScenarioViews.h"
+#include "platform/HotKeys.h"
+#include "platform/sim/SimDesktop.h"
+#include "platform/sim/SimHotKeys.h"
+#include "platform/sim/SimPointer.h"
 
 namespace tolv::scenario {
 namespace {
@@ -21,9 +28,21 @@ const EventRegistration kClick{
         entry.fail("button", "expected \"left\" or \"right\"");
       }
       bool right = button == "right";
-      return StepAction([point, right, place = entry.place()](RunContext& run) {
-        requireViews(run, place).click(point, right);
+      return StepAction([point, right](RunContext& run) {
+        sim::SimPointer& pointer = run.desktop->pointer();
+        pointer.movePointer(point);
+        pointer.press(right ? PointerButton::Right : PointerButton::Left);
+        if (run.views) run.views->click(point, right);
       });
+    }};
+
+const EventRegistration kScroll{
+    "scroll", [](JsonReader& entry, CompileContext&) {
+      if (!entry.has("point")) entry.fail("point", "missing");
+      ScrollEvent scroll{.location = *entry.point("point"),
+                         .deltaY = entry.number("deltaY").value_or(0),
+                         .precise = entry.flag("precise").value_or(false)};
+      return StepAction([scroll](RunContext& run) { run.desktop->pointer().scroll(scroll); });
     }};
 
 // Chooses an item of the menu the last right click opened, by its title.
@@ -37,22 +56,46 @@ const EventRegistration kChooseMenuItem{
       });
     }};
 
-const EventRegistration kKey{"key", [](JsonReader& entry, CompileContext&) {
-                               entry.requireString("key");
-                               if (const Json* modifiers = entry.take("modifiers")) {
-                                 bool strings = modifiers->is_array();
-                                 for (const auto& modifier : *modifiers)
-                                   strings = strings && modifier.is_string();
-                                 if (!strings)
-                                   entry.fail("modifiers", "expected a list of modifier names");
-                               }
-                               auto phase = entry.string("phase").value_or("press");
-                               if (phase != "press" && phase != "down" && phase != "up") {
-                                 entry.fail("phase", "expected \"press\", \"down\" or \"up\"");
-                               }
-                               refuseUnsupported(entry, "key");
-                               return StepAction();
-                             }};
+// Keys that hot keys are registered with, by their scenario names.
+const std::map<std::string, int, std::less<>> kKeyCodes{
+    {"return", key_code::Return}, {"tab", key_code::Tab},   {"space", key_code::Space},
+    {"escape", key_code::Escape}, {"left", key_code::Left}, {"right", key_code::Right},
+    {"down", key_code::Down},     {"up", key_code::Up}};
+
+const std::map<std::string, uint32_t, std::less<>> kModifiers{{"command", key_modifier::Command},
+                                                              {"shift", key_modifier::Shift},
+                                                              {"option", key_modifier::Option},
+                                                              {"control", key_modifier::Control}};
+
+// A key going down reaches the monitors of key-down events and the hot keys;
+// one coming up reaches neither.
+const EventRegistration kKey{
+    "key", [](JsonReader& entry, CompileContext&) {
+      std::string key = entry.requireString("key");
+      uint32_t modifiers = 0;
+      if (const Json* names = entry.take("modifiers")) {
+        if (!names->is_array()) entry.fail("modifiers", "expected a list of modifier names");
+        for (const auto& name : *names) {
+          auto found =
+              name.is_string() ? kModifiers.find(name.get<std::string>()) : kModifiers.end();
+          if (found == kModifiers.end()) {
+            entry.fail("modifiers", "expected \"command\", \"shift\", \"option\" or \"control\"");
+          }
+          modifiers |= found->second;
+        }
+      }
+      auto phase = entry.string("phase").value_or("press");
+      if (phase != "press" && phase != "down" && phase != "up") {
+        entry.fail("phase", "expected \"press\", \"down\" or \"up\"");
+      }
+      std::optional<int> code;
+      if (auto found = kKeyCodes.find(key); found != kKeyCodes.end()) code = found->second;
+      return StepAction([goesDown = phase != "up", code, modifiers](RunContext& run) {
+        if (!goesDown) return;
+        run.desktop->pointer().pressKey();
+        if (code) run.desktop->hotKeys().press(*code, modifiers);
+      });
+    }};
 
 }  // namespace
 }  // namespace tolv::scenario
