@@ -12,6 +12,8 @@
 #include "platform/Processes.h"
 #include "platform/RunLoop.h"
 #include "platform/Screens.h"
+#include "platform/Spaces.h"
+#include "platform/SystemCommands.h"
 #include "platform/UserDefaults.h"
 #include "platform/WindowServer.h"
 #include "platform/Workspace.h"
@@ -39,6 +41,9 @@ struct Platform {
   Processes* processes = nullptr;
   HotKeys* hotKeys = nullptr;
   Input* input = nullptr;
+  // The window server's spaces; may be absent, and then one desktop stands in.
+  Spaces* spaces = nullptr;
+  SystemCommands* systemCommands = nullptr;
 };
 
 }  // namespace tolv
