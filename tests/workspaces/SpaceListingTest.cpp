@@ -112,7 +112,7 @@ TEST(SpaceListingCurrent, UuidFirstThenId64ThenManagedSpaceID) {
   Dictionary c = space("C", 3);
   c["id64"] = int64_t{103};
 
-  auto byUuid = read({display("Main", {a, b, c}, {{"uuid", " B "}, {"id64", int64_t{103}}})});
+  auto byUuid = read({display("Main", {a, b, c}, {{"uuid", " B "}, {"id64", int64_t{102}}})});
   EXPECT_THAT(*byUuid, ElementsAre(Field(&ManagedWorkspaceTask::isCurrent, false),
                                    Field(&ManagedWorkspaceTask::isCurrent, true),
                                    Field(&ManagedWorkspaceTask::isCurrent, false)));
