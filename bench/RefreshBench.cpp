@@ -13,6 +13,7 @@
 namespace {
 
 using tolv::bench::busyDesktop;
+using tolv::bench::busySpaces;
 using tolv::bench::kBusyApplications;
 using tolv::bench::kFirstBusyPid;
 using tolv::sim::SimDesktop;
