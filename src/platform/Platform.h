@@ -11,6 +11,7 @@
 #include "platform/Pointer.h"
 #include "platform/Processes.h"
 #include "platform/RunLoop.h"
+#include "platform/RuntimeIssueLog.h"
 #include "platform/Screens.h"
 #include "platform/Spaces.h"
 #include "platform/SystemCommands.h"
@@ -41,9 +42,11 @@ struct Platform {
   Processes* processes = nullptr;
   HotKeys* hotKeys = nullptr;
   Input* input = nullptr;
+  SystemCommands* systemCommands = nullptr;
+  // The application's log of internal faults; the application sets it.
+  RuntimeIssueLog* runtimeIssueLog = nullptr;
   // The window server's spaces; may be absent, and then one desktop stands in.
   Spaces* spaces = nullptr;
-  SystemCommands* systemCommands = nullptr;
 };
 
 }  // namespace tolv

@@ -37,7 +37,7 @@ void AppModel::requestWorkspaceSwitch(const ManagedWorkspaceTask& target) {
     performWorkspaceSwitch(*desktop);
     postAfter(kDesktopHopSeconds, [target](AppModel& model) {
       model.refreshManagedWorkspaces();
-      model.refreshRunningApps(false, false, false, true);
+      model.refreshRunningApps({.publish = true});
       model.publishScannedApps();
       model.workspaces.workspaceSnapshotSwitchRefreshInProgress = false;
       model.requestWorkspaceSwitch(target);
@@ -96,7 +96,7 @@ void AppModel::placeWorkspaceTaskOnDesktop(const ManagedWorkspaceTask& task,
 
 void AppModel::resyncTaskbarOnDesktop() {
   auto rescan = [](AppModel& model) {
-    model.refreshRunningApps(true, false, false, true);
+    model.refreshRunningApps({.forceBadgeScan = true, .publish = true});
     model.clearForcedUngrouped();
     model.saveWorkspaceTaskbarState();
   };

@@ -153,7 +153,7 @@ TEST_F(Workspaces, AJumpOffTheDesktopDuringAnOpenScanCycleWaitsForItsPublish) {
       startOn({{.uuid = "D1", .current = true}, {.uuid = "D2"}, {.uuid = "FS", .type = 4}});
   const ManagedWorkspaceTask fullScreen = model.managedWorkspaceTasks.get()[2];
   // A scan without publishing opens a cycle that waits for a redraw.
-  model.refreshRunningApps(false, false, false, false);
+  model.refreshRunningApps({});
   ASSERT_TRUE(model.pipeline.desktopScanCycleInProgress);
   model.requestWorkspaceSwitch(fullScreen);
   // The publish came first, ended the cycle, and the jump went at once.

@@ -37,7 +37,7 @@ SimDesktop::SimDesktop()
       hotKeys_(std::make_unique<SimHotKeys>(calls_)),
       input_(std::make_unique<SimInput>(*this, calls_)),
       spacesService_(std::make_unique<SimSpaces>(*this, calls_)),
-      systemCommands_(std::make_unique<SimSystemCommands>(*this, calls_)) {
+      systemCommands_(std::make_unique<SimSystemCommands>(*this, *input_, calls_)) {
   setSpaces({});
   alerts_ = std::make_unique<SimAlerts>(screens_.get());
   std::string pattern = (std::filesystem::temp_directory_path() / "tolv-sim-XXXXXX").string();
@@ -78,8 +78,9 @@ Platform SimDesktop::platform() {
   platform.processes = processes_.get();
   platform.hotKeys = hotKeys_.get();
   platform.input = input_.get();
-  platform.spaces = spacesService_.get();
   platform.systemCommands = systemCommands_.get();
+  platform.runtimeIssueLog = runtimeIssueLog_;
+  platform.spaces = spacesService_.get();
   return platform;
 }
 

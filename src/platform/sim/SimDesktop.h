@@ -167,6 +167,8 @@ class SimDesktop {
   SimInput& input() { return *input_; }
   SimSpaces& spaces() { return *spacesService_; }
   SimSystemCommands& systemCommands() { return *systemCommands_; }
+  // The application's runtime log, handed on in platform().
+  void setRuntimeIssueLog(RuntimeIssueLog* log) { runtimeIssueLog_ = log; }
   NotificationCenter& notificationCenter() { return notificationCenter_; }
   NotificationCenter& distributedNotificationCenter() { return distributedCenter_; }
   // A temporary folder that stands for Application Support/Tolv; removed with the desktop.
@@ -327,6 +329,7 @@ class SimDesktop {
   std::unique_ptr<SimInput> input_;
   std::unique_ptr<SimSpaces> spacesService_;
   std::unique_ptr<SimSystemCommands> systemCommands_;
+  RuntimeIssueLog* runtimeIssueLog_ = nullptr;
   std::unique_ptr<FileSystem> fileSystem_;
   NotificationCenter notificationCenter_;
   NotificationCenter distributedCenter_;

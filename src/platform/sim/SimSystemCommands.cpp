@@ -2,7 +2,9 @@
 
 #include <cstdlib>
 
+#include "platform/sim/CallCounter.h"
 #include "platform/sim/SimDesktop.h"
+#include "platform/sim/SimInput.h"
 
 namespace tolv::sim {
 
@@ -13,6 +15,24 @@ constexpr double kSwipeVelocity = 400.0;
 constexpr double kSmallestFloat = 1.401298464324817e-45;
 
 }  // namespace
+
+bool SimSystemCommands::toggleFullScreen() {
+  calls_.count("systemCommands.toggleFullScreen");
+  // Function and F go down with the Function flag, F comes up with it, and
+  // Function comes up with no flags.
+  return input_.post(EventSourceState::HIDSystem, EventTap::HID,
+                     {{posted_key::Function, event_flag::SecondaryFn, true},
+                      {posted_key::F, event_flag::SecondaryFn, true},
+                      {posted_key::F, event_flag::SecondaryFn, false},
+                      {posted_key::Function, 0, false}});
+}
+
+bool SimSystemCommands::closeFrontWindow() {
+  calls_.count("systemCommands.closeFrontWindow");
+  return input_.post(
+      EventSourceState::HIDSystem, EventTap::HID,
+      {{posted_key::W, event_flag::Command, true}, {posted_key::W, event_flag::Command, false}});
+}
 
 bool SimSystemCommands::jumpSpaces(int steps) {
   calls_.count("systemCommands.jumpSpaces");

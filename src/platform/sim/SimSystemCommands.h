@@ -1,26 +1,32 @@
 #pragma once
 
 #include "platform/SystemCommands.h"
-#include "platform/sim/CallCounter.h"
 
 namespace tolv::sim {
 
 class SimDesktop;
+class SimInput;
+class CallCounter;
 
-// The system's commands on the simulated desktop: each event it would post is
-// written into the action log, and the desktop does what the system would.
+// The system's commands on the simulated desktop, carried out as macOS does
+// them: the keystrokes are posted, which the action log shows as "keys"
+// entries and the desktop then acts on like any posted key; each event of a
+// Dock swipe is an "event" entry with its fields by number, and the desktop
+// moves to the space it leads to.
 class SimSystemCommands : public SystemCommands {
  public:
-  SimSystemCommands(SimDesktop& desktop, CallCounter& calls) : desktop_(desktop), calls_(calls) {}
+  SimSystemCommands(SimDesktop& desktop, SimInput& input, CallCounter& calls)
+      : desktop_(desktop), input_(input), calls_(calls) {}
 
-  // Logs the swipe's events (kind "event", fields by number) and moves the
-  // current space.
+  bool toggleFullScreen() override;
+  bool closeFrontWindow() override;
   bool jumpSpaces(int steps) override;
   // Logs a "dockNotification" with its name.
   bool showDesktopOverview() override;
 
  private:
   SimDesktop& desktop_;
+  SimInput& input_;
   CallCounter& calls_;
 };
 

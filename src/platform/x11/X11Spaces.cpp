@@ -45,16 +45,4 @@ std::optional<std::vector<uint32_t>> X11Spaces::copyWindowsInSpaces(
   return numbers;
 }
 
-bool X11SystemCommands::jumpSpaces(int steps) {
-  const uint32_t count = desktopCount(connection_);
-  const auto current = clients_.currentDesktop();
-  if (count == 0 || !current) return false;
-  const int64_t target =
-      std::clamp<int64_t>(int64_t{*current} + steps, 0, static_cast<int64_t>(count) - 1);
-  // The second word is the time of the request; 0 asks for it now.
-  connection_.sendRootMessage(connection_.root(), "_NET_CURRENT_DESKTOP",
-                              {static_cast<uint32_t>(target), 0});
-  return true;
-}
-
 }  // namespace tolv::x11

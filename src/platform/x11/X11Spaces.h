@@ -2,7 +2,6 @@
 
 #include "platform/Signal.h"
 #include "platform/Spaces.h"
-#include "platform/SystemCommands.h"
 #include "platform/x11/X11Clients.h"
 #include "platform/x11/X11Connection.h"
 
@@ -28,24 +27,6 @@ class X11Spaces : public Spaces {
   X11Clients& clients_;
   uint64_t generation_ = 1;
   Subscription subscription_;
-};
-
-// The system's commands as a pager sends them: the jump asks the window
-// manager for another current desktop. There is no overview of desktops that
-// EWMH can ask for: showing it does nothing and says so.
-class X11SystemCommands : public SystemCommands {
- public:
-  X11SystemCommands(X11Connection& connection, X11Clients& clients)
-      : connection_(connection), clients_(clients) {}
-
-  // Sends _NET_CURRENT_DESKTOP for the desktop `steps` places away, stopping
-  // at the first and the last.
-  bool jumpSpaces(int steps) override;
-  bool showDesktopOverview() override { return false; }
-
- private:
-  X11Connection& connection_;
-  X11Clients& clients_;
 };
 
 }  // namespace tolv::x11
