@@ -24,6 +24,10 @@ void AppModel::resetTaskbarArrangement() {
   forcedParentGroupPIDs.clear();
   liveTabColors.clear();
   manualLiveColorIDs.clear();
+  // Widths and the return lock are part of the arrangement too.
+  taskWidthOverrides = std::map<std::string, double>{};
+  taskbarLockedMainWindowIDs.clear();
+  taskbarOverflowReturnLocked = false;
   defaults().remove("taskOrder");
   defaults().remove("restartWorkspaceBackup");
   saveGroupState();

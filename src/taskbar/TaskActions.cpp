@@ -246,8 +246,10 @@ bool performMenuAction(AppModel& model, const MenuAction& action) {
       model.requestWorkspaceSwitch(*workspace);
       return true;
     }
-    case MenuCommand::ActivateWorkspaceTask:
     case MenuCommand::ArmResize:
+      model.armTaskResize(action.subject);
+      return true;
+    case MenuCommand::ActivateWorkspaceTask:
     case MenuCommand::AddStartFavorite:
     case MenuCommand::OpenColorSettings:
     case MenuCommand::SetColor:
