@@ -197,6 +197,8 @@ void AppModel::toggleFullScreen(const RunningAppItem& task) {
     if (!model.accessibilityTrusted.get()) return;
     model.platform_.input->postKeyEvents(EventSourceState::HIDSystem, EventTap::HID,
                                          fullScreenToggleKeys());
+    // The window changed its size and maybe its space: the bar looks again at once.
+    model.refreshRunningApps(true, false, false, true);
   });
 }
 
