@@ -11,7 +11,9 @@
 #include "platform/Pointer.h"
 #include "platform/Processes.h"
 #include "platform/RunLoop.h"
+#include "platform/RuntimeIssueLog.h"
 #include "platform/Screens.h"
+#include "platform/SystemCommands.h"
 #include "platform/UserDefaults.h"
 #include "platform/WindowServer.h"
 #include "platform/Workspace.h"
@@ -39,6 +41,9 @@ struct Platform {
   Processes* processes = nullptr;
   HotKeys* hotKeys = nullptr;
   Input* input = nullptr;
+  SystemCommands* systemCommands = nullptr;
+  // The application's log of internal faults; the application sets it.
+  RuntimeIssueLog* runtimeIssueLog = nullptr;
 };
 
 }  // namespace tolv

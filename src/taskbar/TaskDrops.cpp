@@ -85,7 +85,7 @@ void AppModel::resumeRefreshAfterResize() {
   pipeline.taskResizeSuspended = false;
   if (taskResizePauseHandler) taskResizePauseHandler(false);
   configureTimers();
-  refreshRunningApps(false, false, false, true);
+  refreshRunningApps({.publish = true});
 }
 
 void AppModel::commitTaskWidth(const std::string& entryID, double width) {

@@ -114,6 +114,7 @@ class SimPointer;
 class SimProcesses;
 class SimHotKeys;
 class SimInput;
+class SimSystemCommands;
 
 // A macOS-like desktop in memory: applications, windows, their accessibility
 // elements and the window server's view of them, user defaults and a virtual
@@ -144,6 +145,9 @@ class SimDesktop {
   SimProcesses& processes() { return *processes_; }
   SimHotKeys& hotKeys() { return *hotKeys_; }
   SimInput& input() { return *input_; }
+  SimSystemCommands& systemCommands() { return *systemCommands_; }
+  // The application's runtime log, handed on in platform().
+  void setRuntimeIssueLog(RuntimeIssueLog* log) { runtimeIssueLog_ = log; }
   NotificationCenter& notificationCenter() { return notificationCenter_; }
   NotificationCenter& distributedNotificationCenter() { return distributedCenter_; }
   // A temporary folder that stands for Application Support/Tolv; removed with the desktop.
@@ -277,6 +281,8 @@ class SimDesktop {
   std::unique_ptr<SimProcesses> processes_;
   std::unique_ptr<SimHotKeys> hotKeys_;
   std::unique_ptr<SimInput> input_;
+  std::unique_ptr<SimSystemCommands> systemCommands_;
+  RuntimeIssueLog* runtimeIssueLog_ = nullptr;
   std::unique_ptr<FileSystem> fileSystem_;
   NotificationCenter notificationCenter_;
   NotificationCenter distributedCenter_;
