@@ -114,6 +114,8 @@ TEST_F(TaskDrops, ResizingStopsTheScanTimersAndItsEndRefreshesOnce) {
   model().suspendRefreshForResize();
   EXPECT_THAT(pauses, ElementsAre(true));
   EXPECT_TRUE(model().pipeline.taskResizeSuspended);
+  EXPECT_FALSE(model().pipeline.windowScanTimer);
+  EXPECT_FALSE(model().pipeline.refreshTimer);
   int64_t refreshes = refreshCount();
   desktop.runLoop().advance(30.0);
   EXPECT_EQ(refreshCount(), refreshes);
@@ -123,8 +125,8 @@ TEST_F(TaskDrops, ResizingStopsTheScanTimersAndItsEndRefreshesOnce) {
   EXPECT_THAT(pauses, ElementsAre(true, false));
   EXPECT_EQ(refreshCount(), refreshes + 1);
   EXPECT_EQ(model().taskWidthOverrides->at(N), 280);
-  desktop.runLoop().advance(30.0);
-  EXPECT_GT(refreshCount(), refreshes + 1);
+  EXPECT_TRUE(model().pipeline.windowScanTimer);
+  EXPECT_TRUE(model().pipeline.refreshTimer);
   model().resumeRefreshAfterResize();
   EXPECT_THAT(pauses, ElementsAre(true, false));
 }
@@ -153,12 +155,10 @@ TEST_F(TaskDrops, ResettingTheArrangementAlsoForgetsWidthsAndTheLock) {
   model().commitTaskWidth(N, 120);
   model().taskbarOverflowReturnLocked = true;
   model().taskbarLockedMainWindowIDs = {M1};
-  model().moveTask(S, M1, false);
   model().resetTaskbarArrangement();
   EXPECT_THAT(model().taskWidthOverrides.get(), IsEmpty());
   EXPECT_FALSE(model().taskbarOverflowReturnLocked.get());
   EXPECT_THAT(model().taskbarLockedMainWindowIDs, IsEmpty());
-  EXPECT_THAT(order(), ElementsAre(M1, M2, N, S));
 }
 
 TEST_F(TaskDrops, AWidthForATaskThatClosedIsDropped) {
