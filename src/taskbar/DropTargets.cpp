@@ -1,6 +1,7 @@
 #include "taskbar/DropTargets.h"
 
 #include <algorithm>
+#include <map>
 
 #include "taskbar/TabFacts.h"
 #include "taskbar/TabWidths.h"
@@ -21,18 +22,26 @@ Rect spanX(double a, double b, double y, double height) {
   return {x0, y, std::max(a, b) - x0, height};
 }
 
-// The tabs of one row, as drawn.
-std::vector<const TabDrawing*> rowTabs(const TaskbarDrawing& drawing, int row) {
-  std::vector<const TabDrawing*> tabs;
+// The tabs in view of every row, as drawn, by row: one pass over the tabs.
+using RowTabs = std::map<int, std::vector<const TabDrawing*>>;
+RowTabs tabsByRow(const TaskbarDrawing& drawing) {
+  RowTabs rows;
   for (const auto& tab : drawing.tabs) {
-    if (tab.row == row && tab.shown) tabs.push_back(&tab);
+    if (tab.shown) rows[tab.row].push_back(&tab);
   }
-  return tabs;
+  return rows;
 }
 
-void addTabTargets(std::vector<DropTarget>& targets, const DropTargetsInput& input, int row) {
+const std::vector<const TabDrawing*>& rowTabs(const RowTabs& rows, int row) {
+  static const std::vector<const TabDrawing*> kNone;
+  auto found = rows.find(row);
+  return found != rows.end() ? found->second : kNone;
+}
+
+void addTabTargets(std::vector<DropTarget>& targets, const DropTargetsInput& input,
+                   const std::vector<const TabDrawing*>& tabs, int row) {
   const TaskRowLayout& layout = *input.layout;
-  for (const TabDrawing* tab : rowTabs(*input.drawing, row)) {
+  for (const TabDrawing* tab : tabs) {
     if (tab->entryIndex >= layout.entries.size()) continue;
     const TaskbarEntry& entry = layout.entries[tab->entryIndex];
     if (entry.workspaceGroup || entry.id == kSettingsTabID) continue;
@@ -63,16 +72,17 @@ std::vector<DropTarget> dropTargets(const DropTargetsInput& input) {
   bool top = isTopEdge(input.location);
   double length = drawing.length;
 
-  addTabTargets(targets, input, 0);
+  const RowTabs byRow = tabsByRow(drawing);
+  addTabTargets(targets, input, rowTabs(byRow, 0), 0);
   for (const auto& card : drawing.cards) {
-    if (!card.tucked) addTabTargets(targets, input, card.rowID);
+    if (!card.tucked) addTabTargets(targets, input, rowTabs(byRow, card.rowID), card.rowID);
   }
 
   // The primary row's task strip, from its first tab to the bar's far end.
   double stripY = drawing.primaryRow.y + kRowPadding;
   double stripStart = mirrored ? length - layout.leftEdge : layout.leftEdge;
   double stripEnd = mirrored ? 0 : length;
-  auto primaryTabs = rowTabs(drawing, 0);
+  const auto& primaryTabs = rowTabs(byRow, 0);
   if (input.dragging && !primaryTabs.empty()) {
     const Rect& last = primaryTabs.back()->frame;
     DropTarget edge;
@@ -91,10 +101,11 @@ std::vector<DropTarget> dropTargets(const DropTargetsInput& input) {
   strips.push_back(std::move(primaryStrip));
 
   for (const auto& card : drawing.cards) {
-    auto row = std::find_if(layout.rows.begin(), layout.rows.end(),
-                            [&](const OverflowRow& r) { return r.id == card.rowID; });
-    // A tucked card takes no drops of its own: the reveal zone covers it.
-    if (row == layout.rows.end() || card.tucked) continue;
+    // Rows are numbered from 1 in their order. A tucked card takes no drops of
+    // its own: the reveal zone covers it.
+    size_t index = static_cast<size_t>(card.rowID - 1);
+    if (card.rowID < 1 || index >= layout.rows.size() || card.tucked) continue;
+    const OverflowRow* row = &layout.rows[index];
     if (row->count == 0) {
       if (!input.dragging) continue;
       DropTarget end;
@@ -107,7 +118,7 @@ std::vector<DropTarget> dropTargets(const DropTargetsInput& input) {
       targets.push_back(std::move(end));
       continue;
     }
-    auto tabs = rowTabs(drawing, card.rowID);
+    const auto& tabs = rowTabs(byRow, card.rowID);
     if (row->bufferWidth > 0 && !tabs.empty()) {
       // The free buffer after the row's tabs, up to the card's end.
       double edge = mirrored ? tabs.front()->frame.minX() : tabs.front()->frame.maxX();
