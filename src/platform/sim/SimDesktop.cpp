@@ -15,6 +15,7 @@
 #include "platform/sim/SimPointer.h"
 #include "platform/sim/SimProcesses.h"
 #include "platform/sim/SimScreens.h"
+#include "platform/sim/SimTray.h"
 #include "platform/sim/SimUserDefaults.h"
 #include "platform/sim/SimWindowServer.h"
 #include "platform/sim/SimWorkspace.h"
@@ -33,7 +34,11 @@ SimDesktop::SimDesktop()
       pointer_(std::make_unique<SimPointer>(calls_)),
       processes_(std::make_unique<SimProcesses>(*runLoop_, calls_, kOwnPid)),
       hotKeys_(std::make_unique<SimHotKeys>(calls_)),
-      input_(std::make_unique<SimInput>(*this, calls_)) {
+      input_(std::make_unique<SimInput>(*this, calls_)),
+      dock_(std::make_unique<SimDock>(*this, calls_)),
+      power_(std::make_unique<SimPower>(calls_)),
+      audio_(std::make_unique<SimAudio>(calls_)),
+      brightness_(std::make_unique<SimBrightness>(calls_)) {
   alerts_ = std::make_unique<SimAlerts>(screens_.get());
   std::string pattern = (std::filesystem::temp_directory_path() / "tolv-sim-XXXXXX").string();
   if (::mkdtemp(pattern.data())) supportFolder_ = pattern + "/Tolv";
@@ -73,6 +78,10 @@ Platform SimDesktop::platform() {
   platform.processes = processes_.get();
   platform.hotKeys = hotKeys_.get();
   platform.input = input_.get();
+  platform.badges = dock_.get();
+  platform.power = power_.get();
+  platform.audio = audio_.get();
+  platform.brightness = brightness_.get();
   return platform;
 }
 

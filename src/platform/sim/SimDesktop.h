@@ -114,6 +114,10 @@ class SimPointer;
 class SimProcesses;
 class SimHotKeys;
 class SimInput;
+class SimDock;
+class SimPower;
+class SimAudio;
+class SimBrightness;
 
 // A macOS-like desktop in memory: applications, windows, their accessibility
 // elements and the window server's view of them, user defaults and a virtual
@@ -144,6 +148,10 @@ class SimDesktop {
   SimProcesses& processes() { return *processes_; }
   SimHotKeys& hotKeys() { return *hotKeys_; }
   SimInput& input() { return *input_; }
+  SimDock& dock() { return *dock_; }
+  SimPower& power() { return *power_; }
+  SimAudio& audio() { return *audio_; }
+  SimBrightness& brightness() { return *brightness_; }
   NotificationCenter& notificationCenter() { return notificationCenter_; }
   NotificationCenter& distributedNotificationCenter() { return distributedCenter_; }
   // A temporary folder that stands for Application Support/Tolv; removed with the desktop.
@@ -277,6 +285,10 @@ class SimDesktop {
   std::unique_ptr<SimProcesses> processes_;
   std::unique_ptr<SimHotKeys> hotKeys_;
   std::unique_ptr<SimInput> input_;
+  std::unique_ptr<SimDock> dock_;
+  std::unique_ptr<SimPower> power_;
+  std::unique_ptr<SimAudio> audio_;
+  std::unique_ptr<SimBrightness> brightness_;
   std::unique_ptr<FileSystem> fileSystem_;
   NotificationCenter notificationCenter_;
   NotificationCenter distributedCenter_;
