@@ -59,10 +59,10 @@ void AppModel::refreshRunningApps(bool forceBadgeScan, bool allowCacheSkip, bool
   // The desktop's list is not overwritten by what a full-screen space shows.
   if (isOffDesktopWorkspace()) return;
 
-  const bool badgesScanned = scanBadgesIfDue(forceBadgeScan);
+  const bool badgesChanged = scanBadgesIfDue(forceBadgeScan);
   // A quiet tick: one look at two sets, no platform call.
   if (onlyIfDirty && discovery.dirtyApplicationPIDs.empty() &&
-      discovery.fallbackAXPollingPIDs.empty() && !badgesScanned && accessibilityTrusted.get()) {
+      discovery.fallbackAXPollingPIDs.empty() && !badgesChanged && accessibilityTrusted.get()) {
     return;
   }
 
@@ -97,19 +97,24 @@ void AppModel::refreshRunningApps(bool forceBadgeScan, bool allowCacheSkip, bool
   pruneApplicationCaches(listed);
   syncAXObservers(apps);
 
+  std::optional<std::vector<AttentionAppItem>> attention;
+  if (attentionListWanted()) attention.emplace();
   std::vector<RunningAppItem> scanned;
   if (accessibilityTrusted.get()) {
     for (const auto& app : apps) {
       auto items = scanApplication(app, allowCacheSkip, onlyIfDirty);
       giveDefaultColors(items, baseIDs);
+      if (attention) noteAttentionApplication(*attention, app, items.size());
       scanned.insert(scanned.end(), items.begin(), items.end());
     }
+    if (attention) addDockOnlyAttentionApps(*attention, apps);
   } else {
     scanned = scanWindowServerTasks(apps);
   }
 
   std::vector<RunningAppItem> merged = mergeScannedItems(base, std::move(scanned));
   updateActiveAndPreviousWindows(merged);
+  publishAttentionList(attention);
 
   // Nothing new: no ordering, no publishing.
   const bool unchanged = merged.size() == base.size() &&
@@ -150,8 +155,7 @@ void AppModel::refreshRunningApps(bool forceBadgeScan, bool allowCacheSkip, bool
 std::vector<RunningAppItem> AppModel::scanApplication(const RunningApplication& app,
                                                       bool allowCacheSkip, bool onlyIfDirty) {
   const Pid pid = app.processIdentifier;
-  const bool hasBadge = discovery.cachedBadgedApps.count(
-                            app.localizedName.value_or(scan_constants::kUnnamedApplication)) > 0;
+  const bool hasBadge = applicationHasBadge(app);
   std::vector<RunningAppItem> items;
   if (!onlyIfDirty || discovery.dirtyApplicationPIDs.count(pid)) {
     items = scanApplicationWindows(app, hasBadge, false);
