@@ -52,6 +52,12 @@ class TaskbarPanelController : public TaskbarController {
   // testing and the click decision of the tab under it. A right click builds
   // the tab's menu and keeps it as the last menu; nothing when no tab is there.
   std::optional<TabClickReport> click(Point designPoint, MouseButton button);
+  // A click on a tray control; whether one was under the point.
+  bool clickTray(Point designPoint, MouseButton button);
+  // A wheel turn at a point; whether a tray control consumed it.
+  bool scroll(Point designPoint, double deltaY, bool precise);
+  // The main screen's drawn tray controls in order.
+  nlohmann::json describeTray() const;
   // The menu the last right click opened, until an item is chosen.
   const std::optional<Menu>& lastMenu() const { return lastMenu_; }
   // Chooses the last menu's first item of that title; whether its action ran.
@@ -94,6 +100,8 @@ class TaskbarPanelController : public TaskbarController {
                           const std::vector<ManagedWorkspaceTask>& spaces);
   // Shows the last menu at the pointer.
   void popUpLastMenu();
+  // Opens, keeps or closes the tray's popup as the model's tray state says.
+  void syncTrayPopup();
 
   AppModel& model_;
   std::unique_ptr<WindowFactory> factory_;
@@ -107,6 +115,8 @@ class TaskbarPanelController : public TaskbarController {
   std::vector<ManagedWorkspaceTask> workspacePanelSpaces_;
   std::unique_ptr<QMenu> shownMenu_;
   std::unique_ptr<QWidget> popupWindow_;
+  std::unique_ptr<QWidget> trayPopup_;
+  std::optional<int> trayPopupKind_;
 };
 
 // A name made safe for a file: anything but letters, digits, '.', '-' and '_' becomes '_'.
