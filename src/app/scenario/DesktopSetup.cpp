@@ -1,6 +1,7 @@
 #include "app/scenario/DesktopSetup.h"
 
 #include "app/scenario/PropertyJson.h"
+#include "platform/sim/SimTray.h"
 #include "platform/sim/SimUserDefaults.h"
 
 namespace tolv::scenario {
@@ -249,6 +250,7 @@ DesktopSetup readDesktop(JsonReader desktop) {
     dock->finish();
     setup.dockBadges = std::move(badges);
   }
+  setup.tray = readTraySetup(desktop);
   if (desktop.has("otherCopies")) {
     const Json& copies = listAt(desktop, "otherCopies");
     for (size_t i = 0; i < copies.size(); ++i) {
@@ -269,6 +271,12 @@ void buildDesktop(sim::SimDesktop& desktop, const DesktopSetup& setup) {
       desktop.defaults().setValue(domain, key, value);
   }
   desktop.populate(setup.apps);
+  if (setup.dockBadges) {
+    desktop.dock().setRunning(true);
+    for (const auto& [title, label] : *setup.dockBadges)
+      desktop.dock().setBadge(title, label);
+  }
+  buildTray(desktop, setup.tray);
   for (const auto& copy : setup.otherCopies)
     desktop.processes().addProcess(copy);
 }

@@ -1,4 +1,4 @@
-// Spaces and the Dock's badges: read and checked, refused until the desktop has them.
+// Spaces: read and checked, refused until the desktop has them.
 
 #include "app/scenario/DesktopSetup.h"
 #include "app/scenario/Events.h"
@@ -29,13 +29,6 @@ const EventRegistration kRemoveSpace{"removeSpace", [](JsonReader& entry, Compil
                                        refuseUnsupported(entry, "removeSpace");
                                        return StepAction();
                                      }};
-
-const EventRegistration kSetBadge{"setBadge", [](JsonReader& entry, CompileContext&) {
-                                    entry.requireString("name");
-                                    entry.requireString("label");
-                                    refuseUnsupported(entry, "setBadge");
-                                    return StepAction();
-                                  }};
 
 }  // namespace
 }  // namespace tolv::scenario
