@@ -47,7 +47,8 @@ if(NOT TOLV_CORE_ONLY)
   foreach(entry IN ITEMS
       "xcb;libxcb1-dev" "xcb-ewmh;libxcb-ewmh-dev" "xcb-icccm;libxcb-icccm4-dev"
       "xcb-randr;libxcb-randr0-dev" "xcb-keysyms;libxcb-keysyms1-dev"
-      "xcb-xtest;libxcb-xtest0-dev" "libplist-2.0;libplist-dev")
+      "xcb-xtest;libxcb-xtest0-dev" "libplist-2.0;libplist-dev"
+      "libpulse;libpulse-dev" "libpulse-mainloop-glib;libpulse-dev")
     list(GET entry 0 module)
     list(GET entry 1 package)
     string(TOUPPER "${module}" variable)

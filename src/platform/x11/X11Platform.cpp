@@ -7,7 +7,11 @@
 #include "platform/qt/QtClock.h"
 #include "platform/qt/QtImages.h"
 #include "platform/qt/QtRunLoop.h"
+#include "platform/x11/Backlight.h"
+#include "platform/x11/LauncherBadges.h"
 #include "platform/x11/PlistUserDefaults.h"
+#include "platform/x11/PulseVolume.h"
+#include "platform/x11/UPowerBattery.h"
 #include "platform/x11/X11Accessibility.h"
 #include "platform/x11/X11Clients.h"
 #include "platform/x11/X11Connection.h"
@@ -38,6 +42,10 @@ struct X11Platform::Services {
   std::unique_ptr<X11Input> input;
   std::unique_ptr<qt::QtAlerts> alerts;
   std::unique_ptr<PosixProcesses> processes;
+  std::unique_ptr<LauncherBadges> badges;
+  std::unique_ptr<UPowerBattery> power;
+  std::unique_ptr<PulseVolume> audio;
+  std::unique_ptr<Backlight> brightness;
   NotificationCenter notificationCenter;
   NotificationCenter distributedNotificationCenter;
 };
@@ -69,6 +77,10 @@ std::unique_ptr<X11Platform> X11Platform::open(const std::string& display, std::
   s.input = std::make_unique<X11Input>(x, *bundle->clients_, *s.windowActions);
   s.alerts = std::make_unique<qt::QtAlerts>();
   s.processes = std::make_unique<PosixProcesses>(s.workspace->mainBundle().identifier.value_or(""));
+  s.badges = std::make_unique<LauncherBadges>(x, *bundle->clients_, DesktopEntries());
+  s.power = std::make_unique<UPowerBattery>();
+  s.audio = std::make_unique<PulseVolume>();
+  s.brightness = std::make_unique<Backlight>();
 
   p.runLoop = &s.runLoop;
   p.clock = &s.clock;
@@ -85,6 +97,10 @@ std::unique_ptr<X11Platform> X11Platform::open(const std::string& display, std::
   p.processes = s.processes.get();
   p.hotKeys = s.hotKeys.get();
   p.input = s.input.get();
+  p.badges = s.badges.get();
+  p.power = s.power.get();
+  p.audio = s.audio.get();
+  p.brightness = s.brightness.get();
 
   // A defaults file that can't be read is noted in the runtime log, which needs
   // the rest of the platform; the defaults come last for that reason.
