@@ -24,7 +24,7 @@ struct TrayDesktop {
     desktop.dock().setRunning(true);
     desktop.dock().setBadge("App 3", "2");
     desktop.dock().setBadge("Not Running", "1");
-    desktop.audio().setDevice(tolv::sim::SimOutputDevice{.main = 0.5f});
+    desktop.audio().setDevice(tolv::sim::outputDevice(0.5f));
     desktop.brightness().setLevel(0.5f);
     model = tolv::AppModel::make(desktop.platform());
     model->settings.showTimeAndDate = true;

@@ -146,7 +146,7 @@ TEST(TrayPlaces, AnAbsentDeviceDisablesItsControlAndCountsShowOnlyWhenThereAreAn
 class TraySources : public testing::StartedModel {};
 
 TEST_F(TraySources, SourcesAreReadAtStartAndFollowedWhenTheyChange) {
-  desktop.audio().setDevice(sim::SimOutputDevice{.main = 0.4f});
+  desktop.audio().setDevice(sim::outputDevice(0.4f));
   AppModel& model = start();
   EXPECT_THAT(model.volumeLevel.get(), Optional(FloatEq(0.4f)));
   EXPECT_EQ(model.batteryStatus.get(), std::nullopt);
@@ -159,7 +159,7 @@ TEST_F(TraySources, SourcesAreReadAtStartAndFollowedWhenTheyChange) {
   EXPECT_THAT(model.brightnessLevel.get(), Optional(FloatEq(0.8f)));
   desktop.audio().setDevice(std::nullopt);
   EXPECT_EQ(model.volumeLevel.get(), std::nullopt);
-  desktop.audio().setDevice(sim::SimOutputDevice{.main = 3.5f});
+  desktop.audio().setDevice(sim::outputDevice(3.5f));
   EXPECT_THAT(model.volumeLevel.get(), Optional(FloatEq(1.0f))) << "a reading past 1 is held to 1";
 }
 
@@ -175,7 +175,7 @@ TEST_F(TraySources, ADeviceWithOnlyChannelsIsReadFromTheLeftAndWrittenToBoth) {
 }
 
 TEST_F(TraySources, TheWheelStepsTheVolumeAndTheSliderHidesAfterTheLastStep) {
-  desktop.audio().setDevice(sim::SimOutputDevice{.main = 0.5f});
+  desktop.audio().setDevice(sim::outputDevice(0.5f));
   AppModel& model = start();
   EXPECT_TRUE(model.scrollMediaControl(MediaControl::Volume, 3));
   EXPECT_THAT(desktop.audio().device()->main, Optional(FloatEq(0.55f)));
@@ -224,7 +224,7 @@ TEST_F(TraySources, TheClockTicksOnceAMinuteAtTheMinuteAndNotWhileTheBarIsHidden
 }
 
 TEST_F(TraySources, AQuietDesktopWithTheTrayShownMakesNoPlatformCall) {
-  desktop.audio().setDevice(sim::SimOutputDevice{.main = 0.5f});
+  desktop.audio().setDevice(sim::outputDevice(0.5f));
   desktop.brightness().setLevel(0.5f);
   desktop.power().setSources(
       std::vector<PropertyValue::Dictionary>{{{"Current Capacity", int64_t{64}}}});

@@ -80,8 +80,7 @@ void buildTray(sim::SimDesktop& desktop, const TraySetup& setup) {
     desktop.clock().setLocale(setup.clock->locale);
   }
   if (setup.battery) desktop.power().setSources(std::vector{*setup.battery});
-  if (setup.volume)
-    desktop.audio().setDevice(sim::SimOutputDevice{.main = static_cast<float>(*setup.volume)});
+  if (setup.volume) desktop.audio().setDevice(sim::outputDevice(static_cast<float>(*setup.volume)));
   if (setup.brightness) desktop.brightness().setLevel(static_cast<float>(*setup.brightness));
 }
 

@@ -72,6 +72,13 @@ struct SimOutputDevice {
   std::optional<float> right;
 };
 
+// A device with a main volume only.
+inline SimOutputDevice outputDevice(float volume) {
+  SimOutputDevice device;
+  device.main = volume;
+  return device;
+}
+
 class SimAudio : public Audio {
  public:
   explicit SimAudio(CallCounter& calls) : calls_(calls) {}

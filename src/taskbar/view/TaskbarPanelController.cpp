@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QScrollArea>
 
+#include <algorithm>
+
 #include "model/AppModel.h"
 #include "taskbar/PanelDescription.h"
 #include "taskbar/TabHitTesting.h"

@@ -3,6 +3,8 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <algorithm>
+
 #include "taskbar/view/Glyphs.h"
 #include "taskbar/view/TabPainter.h"
 

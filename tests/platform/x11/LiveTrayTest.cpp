@@ -27,7 +27,8 @@ class LiveTray : public LiveDesktopTest {
     const std::string bus = services_ + "/bus";
     const std::string sound = services_ + "/pulse";
     spawn({"dbus-daemon", "--session", "--nofork", "--address=unix:path=" + bus});
-    spawn({"pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--disable-shm=yes", "-L",
+    spawn({"pulseaudio", "-n", "--daemonize=no", "--use-pid-file=no", "--exit-idle-time=-1",
+           "--disable-shm=yes", "-L",
            "module-native-protocol-unix socket=" + sound + " auth-anonymous=1", "-L",
            "module-null-sink sink_name=tolv_null"});
     ASSERT_EQ(run({"sh", "-c",

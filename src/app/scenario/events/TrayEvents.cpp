@@ -46,7 +46,7 @@ const EventRegistration kSetVolume{
       auto level = readLevel(entry);
       return StepAction([level](RunContext& run) {
         if (!level) return run.desktop->audio().setDevice(std::nullopt);
-        run.desktop->audio().setDevice(sim::SimOutputDevice{.main = static_cast<float>(*level)});
+        run.desktop->audio().setDevice(sim::outputDevice(static_cast<float>(*level)));
       });
     }};
 
