@@ -85,7 +85,7 @@ void BM_FullRefresh(benchmark::State& state) {
   StartedDesktop started;
   int64_t otherApps = started.callsOutside(kDirtyPid);
   for (auto _ : state)
-    started.model->refreshRunningApps(false, false, false, true);
+    started.model->refreshRunningApps({.publish = true});
   reportCalls(state, started, otherApps);
 }
 BENCHMARK(BM_FullRefresh);

@@ -82,7 +82,8 @@ void BM_ChangedBadgeRefresh(benchmark::State& state) {
   for (auto _ : state) {
     on = !on;
     tray.desktop.dock().setBadge("App 7", on ? "1" : "");
-    tray.model->refreshRunningApps(true, true, true, false);
+    tray.model->refreshRunningApps(
+        {.forceBadgeScan = true, .allowCacheSkip = true, .onlyIfDirty = true});
   }
   state.counters["ax_calls"] = perIteration(tray.desktop.calls().service("accessibility"));
   state.counters["badge_calls"] = perIteration(tray.desktop.calls().service("badges"));

@@ -26,7 +26,8 @@ struct ScanFixture {
   size_t scanAll(bool allowCachedSnapshot) {
     size_t tasks = 0;
     for (const auto& app : apps) {
-      tasks += model->scanApplicationWindows(app, false, allowCachedSnapshot).size();
+      tasks +=
+          model->scanApplicationWindows(app, {.allowCachedSnapshot = allowCachedSnapshot}).size();
     }
     return tasks;
   }

@@ -4,22 +4,16 @@
 #include <memory>
 
 #include "platform/Geometry.h"
-#include "taskbar/AutoHide.h"
+#include "taskbar/TaskbarController.h"
 
 namespace tolv {
 
 class AppModel;
 
 // What the application delegate asks of the windows it owns. The toolkit's
-// controllers implement these; the delegate stays free of the toolkit.
-
-// The bar's panels and their auto-hide logic.
-class TaskbarController {
- public:
-  virtual ~TaskbarController() = default;
-  virtual void rebuildPanels() = 0;
-  virtual AutoHide& autoHide() = 0;
-};
+// controllers implement these; the delegate stays free of the toolkit. An
+// interface that a lower layer implements is declared there (the bar's in
+// taskbar/TaskbarController.h), so that nothing below reaches up into app/.
 
 // The start menu panel.
 class StartMenuController {

@@ -6,8 +6,23 @@
 
 namespace tolv {
 
+namespace {
+
+// The platform with a runtime log: its own, else `own`, made over it.
+Platform withRuntimeLog(Platform platform, std::unique_ptr<RuntimeIssueFile>& own) {
+  if (!platform.runtimeIssueLog) {
+    own = std::make_unique<RuntimeIssueFile>(platform);
+    platform.runtimeIssueLog = own.get();
+  }
+  return platform;
+}
+
+}  // namespace
+
 AppDelegate::AppDelegate(const Platform& platform, ControllerFactories factories)
-    : platform_(platform), factories_(std::move(factories)), model_(AppModel::make(platform)) {}
+    : platform_(withRuntimeLog(platform, ownRuntimeLog_)),
+      factories_(std::move(factories)),
+      model_(AppModel::make(platform_)) {}
 
 AppDelegate::~AppDelegate() {
   releaseRegistrations();
@@ -140,7 +155,7 @@ void AppDelegate::observeExternalActivation() {
       workspace_notification::DidActivateApplication, [this, alive](const Notification&) {
         if (alive.expired()) return;
         post([](AppDelegate& delegate) {
-          delegate.model_->refreshRunningApps(false, true, false, false);
+          delegate.model_->refreshRunningApps({.allowCacheSkip = true});
         });
       });
 }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/AppControllers.h"
+#include "app/RuntimeIssues.h"
 #include "model/AppModel.h"
 #include "platform/Platform.h"
 
@@ -74,6 +75,8 @@ class AppDelegate {
   // Runs `work` on a later turn of the main queue, unless the delegate is gone by then.
   void post(std::function<void(AppDelegate&)> work);
 
+  // The runtime log the delegate made, when the platform came without one.
+  std::unique_ptr<RuntimeIssueFile> ownRuntimeLog_;
   Platform platform_;
   ControllerFactories factories_;
   std::shared_ptr<AppModel> model_;

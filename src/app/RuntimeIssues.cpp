@@ -53,16 +53,15 @@ std::optional<std::string> appendToLog(FileSystem& fileSystem, const std::string
 
 }  // namespace
 
-void recordRuntimeIssue(const Platform& platform, std::string_view title, std::string_view detail,
-                        bool requestRestart, bool notify) {
+void recordRuntimeIssue(const Platform& platform, const RuntimeIssue& issue) {
   FileSystem& fileSystem = *platform.fileSystem;
-  std::string entry =
-      runtimeIssueLogEntry(platform.clock->secondsSince1970(), TOLV_VERSION, title, detail);
+  std::string entry = runtimeIssueLogEntry(platform.clock->secondsSince1970(), TOLV_VERSION,
+                                           issue.title, issue.detail);
   std::optional<std::string> failure = appendToLog(fileSystem, entry);
-  if (!notify) return;
+  if (!issue.notify) return;
 
-  std::string message = std::string(title) + "\n\n" + std::string(detail) +
-                        "\n\nError log: " + runtimeLogPath(fileSystem);
+  std::string message =
+      issue.title + "\n\n" + issue.detail + "\n\nError log: " + runtimeLogPath(fileSystem);
   if (failure) message += "\n\nThe log could not be written: " + *failure;
 
   Defaults defaults(*platform.userDefaults, kTolvBundleIdentifier);
@@ -73,7 +72,7 @@ void recordRuntimeIssue(const Platform& platform, std::string_view title, std::s
   defaults.set(kPendingRuntimeIssueMessageKey, message);
   bool restart =
       boolValue(defaults.value(kPendingRuntimeIssueRequestsRestartKey)).value_or(false) ||
-      requestRestart;
+      issue.requestRestart;
   defaults.set(kPendingRuntimeIssueRequestsRestartKey, restart);
   defaults.synchronize();
 

@@ -30,7 +30,17 @@ std::string runtimeLogPath(FileSystem& fileSystem);
 // TolvRuntimeIssueRecorded is posted on the main queue, so that whoever reacts
 // does so after the current work has ended. A log that can't be written never
 // stops the report: the failure joins the message.
-void recordRuntimeIssue(const Platform& platform, std::string_view title, std::string_view detail,
-                        bool requestRestart, bool notify);
+void recordRuntimeIssue(const Platform& platform, const RuntimeIssue& issue);
+
+// The runtime log as the platform's layers reach it: runtime-errors.log in the
+// Application Support folder of the platform it is made over.
+class RuntimeIssueFile : public RuntimeIssueLog {
+ public:
+  explicit RuntimeIssueFile(const Platform& platform) : platform_(platform) {}
+  void record(const RuntimeIssue& issue) override { recordRuntimeIssue(platform_, issue); }
+
+ private:
+  Platform platform_;
+};
 
 }  // namespace tolv

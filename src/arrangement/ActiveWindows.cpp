@@ -13,13 +13,17 @@ namespace tolv {
 
 std::vector<std::string> recentsWithFirst(const std::vector<std::string>& recents,
                                           const std::vector<std::string>& first) {
+  // Only the ids put in front leave their old places; anything else in the stored
+  // list, repeats included, keeps its order until newer ids push it out.
   std::vector<std::string> result;
-  std::set<std::string> placed;
-  for (const auto& list : {first, recents}) {
-    for (const auto& id : list) {
-      if (result.size() == kMaximumRecentWindows) return result;
-      if (placed.insert(id).second) result.push_back(id);
-    }
+  std::set<std::string> moved;
+  for (const auto& id : first) {
+    if (result.size() == kMaximumRecentWindows) return result;
+    if (moved.insert(id).second) result.push_back(id);
+  }
+  for (const auto& id : recents) {
+    if (result.size() == kMaximumRecentWindows) break;
+    if (!moved.count(id)) result.push_back(id);
   }
   return result;
 }

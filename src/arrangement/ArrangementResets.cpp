@@ -27,7 +27,7 @@ void AppModel::resetTaskbarArrangement() {
   defaults().remove("taskOrder");
   defaults().remove("restartWorkspaceBackup");
   saveGroupState();
-  refreshRunningApps(true, false, false, true);
+  refreshRunningApps({.forceBadgeScan = true, .publish = true});
 }
 
 }  // namespace tolv

@@ -10,10 +10,7 @@ void AppModel::activateGroup(const RunningAppGroup& group) {
     bringWindowForward(group.windows.front());
     return;
   }
-  // All windows of the application come forward together.
-  const Pid pid = group.windows.front().processIdentifier;
-  platform_.workspace->unhide(pid);
-  platform_.workspace->activate(pid, activation_option::AllWindows);
+  bringAllWindowsForward(group.windows.front().processIdentifier);
 }
 
 void AppModel::minimizeGroup(const RunningAppGroup& group) {

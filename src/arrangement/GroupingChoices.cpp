@@ -37,7 +37,7 @@ void AppModel::saveBlacklist() {
                      return localizedCaseInsensitiveCompare(a, b) < 0;
                    });
   persistSetting("taskbarBlacklist");
-  refreshRunningApps(false, false, false, true);
+  refreshRunningApps({.publish = true});
 }
 
 }  // namespace tolv

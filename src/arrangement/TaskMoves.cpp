@@ -111,7 +111,7 @@ void AppModel::moveTaskSet(const std::vector<std::string>& identifiers, std::str
   if (!index) return;
   insertAt(order, *index + (placeAfter ? 1 : 0), moved);
   setTaskOrder(std::move(order));
-  refreshRunningApps(false, false, false, true);
+  refreshRunningApps({.publish = true});
 }
 
 void AppModel::moveTaskSingle(const std::string& identifier, std::string_view target,
@@ -128,7 +128,7 @@ void AppModel::moveTaskSingle(const std::string& identifier, std::string_view ta
   if (!index) return;
   insertAt(order, *index + (placeAfter ? 1 : 0), {identifier});
   setTaskOrder(std::move(order));
-  refreshRunningApps(false, false, false, true);
+  refreshRunningApps({.publish = true});
 }
 
 void AppModel::moveTaskTowards(std::string_view dragged, std::string_view target) {
@@ -171,7 +171,7 @@ void AppModel::moveTaskToEdge(std::string_view identifier, bool toFirst) {
   std::erase_if(order, [&](const std::string& id) { return containsID(ids, id); });
   insertAt(order, toFirst ? 0 : order.size(), block);
   setTaskOrder(std::move(order));
-  refreshRunningApps(false, false, false, true);
+  refreshRunningApps({.publish = true});
 }
 
 }  // namespace tolv

@@ -53,9 +53,9 @@ bool AppModel::shouldGroupApplication(std::string_view appName) const {
   return settings.groupingMode == "always";
 }
 
-std::vector<TaskbarEntry> AppModel::taskbarEntries(bool groupAll, bool includeWorkspaces) const {
+std::vector<TaskbarEntry> AppModel::taskbarEntries(TaskbarEntryRequest request) const {
   const std::vector<RunningAppItem> items =
-      includeWorkspaces ? visibleTaskItems() : runningApps.get();
+      request.includeWorkspaces ? visibleTaskItems() : runningApps.get();
   const auto& workspaces = managedWorkspaceTasks.get();
   std::vector<TaskbarEntry> entries;
   entries.reserve(items.size());
@@ -108,7 +108,7 @@ std::vector<TaskbarEntry> AppModel::taskbarEntries(bool groupAll, bool includeWo
 
     const Pid pid = item.processIdentifier;
     const bool groupable =
-        forcedParentGroupPIDs.count(pid) || groupAll ||
+        forcedParentGroupPIDs.count(pid) || request.groupAll ||
         (settings.groupingMode == "specific" && shouldGroupApplication(item.appName));
     auto automatic = automaticGroups.find(pid);
     if (pid == 0 || settings.forcedUngroupedWindows.count(item.id) || !groupable ||
@@ -148,7 +148,7 @@ std::vector<TaskbarEntry> AppModel::displayedTaskbarEntries(size_t tasksFittingM
   const bool groupAll =
       mode == "always" || (mode == "asNeeded" && tasksFittingMainRow < visibleTaskItems().size());
   std::vector<TaskbarEntry> entries = workspaceGroupEntries();
-  for (auto& entry : taskbarEntries(groupAll, true))
+  for (auto& entry : taskbarEntries({.groupAll = groupAll, .includeWorkspaces = true}))
     entries.push_back(std::move(entry));
   return orderedTaskbarEntries(entries);
 }

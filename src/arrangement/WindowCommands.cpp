@@ -1,6 +1,5 @@
 // Commands on one task's window: raising, minimising, resizing and full screen.
 
-#include "arrangement/KeySequences.h"
 #include "arrangement/WindowGeometry.h"
 #include "model/AppModel.h"
 
@@ -23,6 +22,19 @@ void AppModel::raiseWindow(const AXElement& window, Pid pid) {
   if (!settings.disableFrontmostAttribute) {
     ax.setAttribute(ax.applicationElement(pid), ax::Frontmost, true);
   }
+}
+
+void AppModel::bringToFront(const AXElement& window, Pid pid) {
+  Workspace& workspace = *platform_.workspace;
+  workspace.unhide(pid);
+  workspace.activate(pid, activation_option::None);
+  raiseWindow(window, pid);
+}
+
+void AppModel::bringAllWindowsForward(Pid pid) {
+  Workspace& workspace = *platform_.workspace;
+  workspace.unhide(pid);
+  workspace.activate(pid, activation_option::AllWindows);
 }
 
 void AppModel::applyArtificialActivation(const RunningAppItem& task) {
@@ -81,11 +93,11 @@ void AppModel::activateTask(const RunningAppItem& taskToActivate, bool allowMini
 
   const auto window = accessibilityTrusted.get() ? resolveFreshAXWindow(task) : std::nullopt;
   if (!window) {
-    workspace.unhide(pid);
-    workspace.activate(pid, activation_option::AllWindows);
+    bringAllWindowsForward(pid);
     return;
   }
   if (isMinimized(ax, *window)) {
+    // A restored window is raised before its application comes forward.
     ax.setAttribute(*window, ax::Minimized, false);
     raiseWindow(*window, pid);
     workspace.unhide(pid);
@@ -100,9 +112,7 @@ void AppModel::activateTask(const RunningAppItem& taskToActivate, bool allowMini
       scheduleActionRefresh();
     }
   } else {
-    workspace.unhide(pid);
-    workspace.activate(pid, activation_option::None);
-    raiseWindow(*window, pid);
+    bringToFront(*window, pid);
     reportTaskActivated(task);
   }
 }
@@ -117,14 +127,11 @@ void AppModel::bringWindowForward(const RunningAppItem& taskToRaise) {
 
   const auto window = accessibilityTrusted.get() ? resolveObservedAXWindow(task) : std::nullopt;
   if (!window) {
-    workspace.unhide(pid);
-    workspace.activate(pid, activation_option::AllWindows);
+    bringAllWindowsForward(pid);
     return;
   }
   if (isMinimized(ax, *window)) ax.setAttribute(*window, ax::Minimized, false);
-  workspace.unhide(pid);
-  workspace.activate(pid, activation_option::None);
-  raiseWindow(*window, pid);
+  bringToFront(*window, pid);
   scheduleActionRefresh();
 }
 
@@ -174,9 +181,7 @@ void AppModel::fitTaskToVisibleFrame(const RunningAppItem& taskToFit, double fra
       ax.setAttribute(*window, ax::Minimized, false) != AXError::Success) {
     return;
   }
-  workspace.unhide(pid);
-  workspace.activate(pid, activation_option::None);
-  raiseWindow(*window, pid);
+  bringToFront(*window, pid);
 
   const auto position = axPoint(ax.copyAttribute(*window, ax::Position));
   const auto size = axSize(ax.copyAttribute(*window, ax::Size));
@@ -193,10 +198,9 @@ void AppModel::fitTaskToVisibleFrame(const RunningAppItem& taskToFit, double fra
 void AppModel::toggleFullScreen(const RunningAppItem& task) {
   bringWindowForward(task);
   postAfter(kFullScreenKeysDelaySeconds, [](AppModel& model) {
-    // Synthetic keys go out only with accessibility trust.
+    // The system's keystroke commands go out only with accessibility trust.
     if (!model.accessibilityTrusted.get()) return;
-    model.platform_.input->postKeyEvents(EventSourceState::HIDSystem, EventTap::HID,
-                                         fullScreenToggleKeys());
+    model.platform_.systemCommands->toggleFullScreen();
   });
 }
 

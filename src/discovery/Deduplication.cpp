@@ -8,14 +8,26 @@ namespace tolv {
 
 UniqueItems uniqueItems(std::vector<RunningAppItem> items) {
   UniqueItems result;
-  std::unordered_set<std::string_view> seen;
-  seen.reserve(items.size());
-  for (const auto& item : items) {
-    if (!seen.insert(item.id).second) result.duplicateIDs.push_back(item.id);
+  // The first pass decides which items stay before anything moves: views into the
+  // ids would see moved-from strings once the vector is compacted.
+  std::vector<bool> repeated(items.size(), false);
+  {
+    std::unordered_set<std::string_view> seen;
+    seen.reserve(items.size());
+    for (size_t index = 0; index < items.size(); ++index) {
+      if (seen.insert(items[index].id).second) continue;
+      repeated[index] = true;
+      result.duplicateIDs.push_back(items[index].id);
+    }
   }
   if (!result.duplicateIDs.empty()) {
-    seen.clear();
-    std::erase_if(items, [&](const RunningAppItem& item) { return !seen.insert(item.id).second; });
+    size_t kept = 0;
+    for (size_t index = 0; index < items.size(); ++index) {
+      if (repeated[index]) continue;
+      if (kept != index) items[kept] = std::move(items[index]);
+      ++kept;
+    }
+    items.resize(kept);
   }
   result.items = std::move(items);
   return result;
@@ -23,23 +35,30 @@ UniqueItems uniqueItems(std::vector<RunningAppItem> items) {
 
 std::vector<RunningAppItem> mergeWithBaseList(const std::vector<RunningAppItem>& base,
                                               std::vector<RunningAppItem> scanned) {
-  std::unordered_map<std::string_view, size_t> fresh;
-  fresh.reserve(scanned.size());
-  for (size_t index = 0; index < scanned.size(); ++index)
-    fresh.emplace(scanned[index].id, index);
-
-  std::vector<RunningAppItem> merged;
-  merged.reserve(scanned.size());
+  // Every look-up runs before the first item moves, while the views still see the ids.
+  std::vector<size_t> places;
+  places.reserve(scanned.size());
   std::vector<bool> taken(scanned.size(), false);
-  for (const auto& item : base) {
-    auto found = fresh.find(item.id);
-    if (found == fresh.end() || taken[found->second]) continue;
-    taken[found->second] = true;
-    merged.push_back(std::move(scanned[found->second]));
+  {
+    std::unordered_map<std::string_view, size_t> fresh;
+    fresh.reserve(scanned.size());
+    for (size_t index = 0; index < scanned.size(); ++index)
+      fresh.emplace(scanned[index].id, index);
+    for (const auto& item : base) {
+      auto found = fresh.find(item.id);
+      if (found == fresh.end() || taken[found->second]) continue;
+      taken[found->second] = true;
+      places.push_back(found->second);
+    }
   }
   for (size_t index = 0; index < scanned.size(); ++index) {
-    if (!taken[index]) merged.push_back(std::move(scanned[index]));
+    if (!taken[index]) places.push_back(index);
   }
+
+  std::vector<RunningAppItem> merged;
+  merged.reserve(places.size());
+  for (size_t index : places)
+    merged.push_back(std::move(scanned[index]));
   return merged;
 }
 

@@ -55,6 +55,14 @@ struct ApplicationWindows {
   std::optional<AXElement> focused;
 };
 
+// How scanApplicationWindows reads an application: `hasBadge` marks its tasks
+// as badged; `allowCachedSnapshot` lets an unchanged window list answer from
+// the application's snapshot without reading each window again.
+struct WindowScanRequest {
+  bool hasBadge = false;
+  bool allowCachedSnapshot = false;
+};
+
 struct WindowTitleAndKey {
   std::optional<std::string> title;  // trimmed; nothing when empty
   std::string key;

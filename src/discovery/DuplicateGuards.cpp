@@ -1,7 +1,6 @@
 // No task id occurs twice: the list a refresh starts from and the list its scan
 // returns are both checked, repaired and reported.
 
-#include "app/RuntimeIssues.h"
 #include "discovery/Deduplication.h"
 #include "model/AppModel.h"
 
@@ -18,14 +17,15 @@ std::vector<RunningAppItem> AppModel::normalizeBaseList(std::vector<RunningAppIt
   } else {
     scannedRunningApps = unique.items;
   }
-  recordRuntimeIssue(platform_, duplicate_issue::kStateTitle,
-                     duplicate_issue::stateDetail(unique.duplicateIDs), true, true);
+  recordRuntimeIssue({.title = duplicate_issue::kStateTitle,
+                      .detail = duplicate_issue::stateDetail(unique.duplicateIDs),
+                      .requestRestart = true,
+                      .notify = true});
   return unique.items;
 }
 
 std::vector<RunningAppItem> AppModel::mergeScannedItems(const std::vector<RunningAppItem>& base,
                                                         std::vector<RunningAppItem> scanned) {
-  std::erase_if(scanned, [&](const RunningAppItem& item) { return isBlacklisted(item.name); });
   UniqueItems unique = uniqueItems(std::move(scanned));
 
   std::vector<std::string> newlyReported;
@@ -33,8 +33,8 @@ std::vector<RunningAppItem> AppModel::mergeScannedItems(const std::vector<Runnin
     if (discovery.reportedDuplicateWindowIDs.insert(id).second) newlyReported.push_back(id);
   }
   if (!newlyReported.empty()) {
-    recordRuntimeIssue(platform_, duplicate_issue::kScanTitle,
-                       duplicate_issue::scanDetail(newlyReported), false, false);
+    recordRuntimeIssue({.title = duplicate_issue::kScanTitle,
+                        .detail = duplicate_issue::scanDetail(newlyReported)});
   }
   return mergeWithBaseList(base, std::move(unique.items));
 }

@@ -1,5 +1,33 @@
-// How windows reach the model: scan, merge with the list the bar shows, order,
-// publish.
+// How windows reach the model. Read this first.
+//
+// Two stages, each on its own timer (RefreshTimers.cpp):
+// - The scan stage (windowScanTimer, and the event scans after an application
+//   launches or ends) runs refreshRunningApps with onlyIfDirty: it builds the
+//   next list in scannedRunningApps without showing it.
+// - The publish stage (refreshTimer) runs publishScannedApps, which assigns
+//   scannedRunningApps to runningApps, the list the bar draws.
+// A refresh with `publish` does both at once (start, a space change, a user's
+// action confirmed by scheduleActionRefresh).
+//
+// One refresh: the list it starts from is checked for duplicates
+// (DuplicateGuards.cpp); every regular application is scanned
+// (WindowScan.cpp: becomesTask decides which windows are tasks), or listed by
+// the window server while accessibility is missing (WindowServerScan.cpp); the
+// scan is merged into the starting list so that known tasks keep their places,
+// new windows are placed by the task order and the active and previous
+// windows derived.
+//
+// What keeps it cheap:
+// - dirty sets: accessibility observers (Observers.cpp) only put a pid into
+//   dirtyApplicationPIDs; an application whose observer failed is in
+//   fallbackAXPollingPIDs and polled. A quiet tick sees both sets empty and
+//   makes no platform call.
+// - caches: axApplicationWindowCache holds each application's last snapshot
+//   (window hashes, focus, badge) and items; an application that is neither
+//   dirty nor polled answers from it, and a polled one whose snapshot did not
+//   change (allowCacheSkip) does too. appMetadataCache keeps names and icons.
+// - with allowCacheSkip and expertSkipUnchangedRefreshes, an unchanged result
+//   ends the refresh before ordering and publishing.
 
 #include <algorithm>
 #include <unordered_map>
@@ -41,15 +69,18 @@ void AppModel::publishScannedApps() {
     assignRunningApps(*scannedRunningApps);
   }
   if (settings.expertAttemptCompleteScansWhenSwitchingToWS && pipeline.desktopScanCycleInProgress) {
-    pipeline.lastGoodDesktopRunningApps = runningApps.get();
-    pipeline.desktopScanAwaitingRedraw = false;
-    pipeline.desktopScanCycleInProgress = false;
-    continuePendingSwitch();
+    completeDesktopScanCycle();
   }
 }
 
-void AppModel::refreshRunningApps(bool forceBadgeScan, bool allowCacheSkip, bool onlyIfDirty,
-                                  bool publish) {
+void AppModel::completeDesktopScanCycle() {
+  pipeline.lastGoodDesktopRunningApps = runningApps.get();
+  pipeline.desktopScanAwaitingRedraw = false;
+  pipeline.desktopScanCycleInProgress = false;
+  continuePendingSwitch();
+}
+
+void AppModel::refreshRunningApps(RefreshRequest request) {
   if (pipeline.taskResizeSuspended) return;
   if (!life.initialWindowListReady) {
     if (!runningApps->empty()) assignRunningApps({});
@@ -59,9 +90,9 @@ void AppModel::refreshRunningApps(bool forceBadgeScan, bool allowCacheSkip, bool
   // The desktop's list is not overwritten by what a full-screen space shows.
   if (isOffDesktopWorkspace()) return;
 
-  const bool badgesChanged = scanBadgesIfDue(forceBadgeScan);
+  const bool badgesChanged = scanBadgesIfDue(request.forceBadgeScan);
   // A quiet tick: one look at two sets, no platform call.
-  if (onlyIfDirty && discovery.dirtyApplicationPIDs.empty() &&
+  if (request.onlyIfDirty && discovery.dirtyApplicationPIDs.empty() &&
       discovery.fallbackAXPollingPIDs.empty() && !badgesChanged && accessibilityTrusted.get()) {
     return;
   }
@@ -71,20 +102,18 @@ void AppModel::refreshRunningApps(bool forceBadgeScan, bool allowCacheSkip, bool
     auto current = currentWorkspaceTask();
     if (current && current->isDesktopSpace) {
       pipeline.desktopScanCycleInProgress = true;
-      pipeline.desktopScanAwaitingRedraw = !publish;
+      pipeline.desktopScanAwaitingRedraw = !request.publish;
       opensDesktopScanCycle = true;
     }
   }
+  // A published desktop scan ends the cycle it opened.
   auto finishDesktopScanCycle = [&] {
-    if (!opensDesktopScanCycle || !publish) return;
-    pipeline.lastGoodDesktopRunningApps = runningApps.get();
-    pipeline.desktopScanAwaitingRedraw = false;
-    pipeline.desktopScanCycleInProgress = false;
-    continuePendingSwitch();
+    if (opensDesktopScanCycle && request.publish) completeDesktopScanCycle();
   };
 
   const std::vector<RunningAppItem> base = normalizeBaseList(
-      publish ? runningApps.get() : scannedRunningApps.value_or(runningApps.get()), publish);
+      request.publish ? runningApps.get() : scannedRunningApps.value_or(runningApps.get()),
+      request.publish);
   std::unordered_map<std::string, const RunningAppItem*> baseByID;
   std::unordered_set<std::string> baseIDs;
   for (const auto& item : base) {
@@ -102,7 +131,7 @@ void AppModel::refreshRunningApps(bool forceBadgeScan, bool allowCacheSkip, bool
   std::vector<RunningAppItem> scanned;
   if (accessibilityTrusted.get()) {
     for (const auto& app : apps) {
-      auto items = scanApplication(app, allowCacheSkip, onlyIfDirty);
+      auto items = scanApplication(app, request);
       giveDefaultColors(items, baseIDs);
       if (attention) noteAttentionApplication(*attention, app, items.size());
       scanned.insert(scanned.end(), items.begin(), items.end());
@@ -122,8 +151,8 @@ void AppModel::refreshRunningApps(bool forceBadgeScan, bool allowCacheSkip, bool
                            auto known = baseByID.find(item.id);
                            return known != baseByID.end() && *known->second == item;
                          });
-  if (allowCacheSkip && settings.expertSkipUnchangedRefreshes && life.hasCompletedInitialRefresh &&
-      unchanged) {
+  if (request.allowCacheSkip && settings.expertSkipUnchangedRefreshes &&
+      life.hasCompletedInitialRefresh && unchanged) {
     finishDesktopScanCycle();
     return;
   }
@@ -137,12 +166,12 @@ void AppModel::refreshRunningApps(bool forceBadgeScan, bool allowCacheSkip, bool
     noteNewRecentWindows(newIDs);
     placeNewWindows(idsOf(base), newIDs);
   }
-  if (publish) restoreWorkspaceTaskbarState(merged);
+  if (request.publish) restoreWorkspaceTaskbarState(merged);
 
   std::vector<RunningAppItem> sorted =
       sortedRunningItems(std::move(merged), previousPositions(base));
   scannedRunningApps = sorted;
-  if (publish && (!settings.expertSkipUnchangedRefreshes || sorted != runningApps.get())) {
+  if (request.publish && (!settings.expertSkipUnchangedRefreshes || sorted != runningApps.get())) {
     assignRunningApps(sorted);
   }
 
@@ -153,17 +182,19 @@ void AppModel::refreshRunningApps(bool forceBadgeScan, bool allowCacheSkip, bool
 }
 
 std::vector<RunningAppItem> AppModel::scanApplication(const RunningApplication& app,
-                                                      bool allowCacheSkip, bool onlyIfDirty) {
+                                                      const RefreshRequest& request) {
   const Pid pid = app.processIdentifier;
   const bool hasBadge = applicationHasBadge(app);
   std::vector<RunningAppItem> items;
-  if (!onlyIfDirty || discovery.dirtyApplicationPIDs.count(pid)) {
-    items = scanApplicationWindows(app, hasBadge, false);
+  if (!request.onlyIfDirty || discovery.dirtyApplicationPIDs.count(pid)) {
+    items = scanApplicationWindows(app, {.hasBadge = hasBadge});
   } else if (discovery.fallbackAXPollingPIDs.count(pid) ||
              !discovery.axApplicationWindowCache.count(pid)) {
     // Without a working observer the application is polled.
-    items = scanApplicationWindows(app, hasBadge,
-                                   allowCacheSkip && settings.expertSkipUnchangedRefreshes);
+    items = scanApplicationWindows(
+        app,
+        {.hasBadge = hasBadge,
+         .allowCachedSnapshot = request.allowCacheSkip && settings.expertSkipUnchangedRefreshes});
   } else {
     return cachedApplicationWindows(pid, hasBadge).value_or(std::vector<RunningAppItem>{});
   }

@@ -30,6 +30,19 @@ double staggeredPublishOffset(double taskbarRefreshSeconds);
 // The background period, or nothing when the setting turns the timer off.
 std::optional<double> backgroundRefreshPeriod(double backgroundTaskbarRefreshSeconds);
 
+// What a refresh does, with the four switches of refreshRunningApps; every
+// one off by default. `forceBadgeScan` reads the badges even when they are not
+// due; `allowCacheSkip` lets an unchanged result end the refresh early and
+// polled applications answer from their snapshots; `onlyIfDirty` rescans only
+// dirty and polled applications and ends a quiet tick at once; `publish`
+// assigns the result to runningApps.
+struct RefreshRequest {
+  bool forceBadgeScan = false;
+  bool allowCacheSkip = false;
+  bool onlyIfDirty = false;
+  bool publish = false;
+};
+
 // The refresh pipeline: its timers, the pending action refresh and the desktop
 // scan cycle.
 struct RefreshState {

@@ -101,7 +101,7 @@ void AppModel::runWindowScanTick() {
     saveWorkspaceTaskbarState();
   }
   refreshManagedWorkspaces();
-  if (!isOffDesktopWorkspace()) refreshRunningApps(false, true, true, false);
+  if (!isOffDesktopWorkspace()) refreshRunningApps({.allowCacheSkip = true, .onlyIfDirty = true});
 }
 
 void AppModel::runRefreshTick() {
@@ -112,7 +112,8 @@ void AppModel::runRefreshTick() {
 void AppModel::runBackgroundRefreshTick() {
   if (!taskbarIsHidden.get()) return;
   if (refreshingIsPaused() || !life.initialWindowListReady) return;
-  refreshRunningApps(false, true, false, settings.backgroundTaskbarRefreshMode == kScanAndPublish);
+  refreshRunningApps({.allowCacheSkip = true,
+                      .publish = settings.backgroundTaskbarRefreshMode == kScanAndPublish});
 }
 
 void AppModel::setTaskbarHidden(bool hidden) {
@@ -158,7 +159,9 @@ void AppModel::setTaskbarHidden(bool hidden) {
     // No timer tick may run between the primary scan and its confirming publish.
     pipeline.refreshTimer.reset();
     pipeline.windowScanTimer.reset();
-    refreshRunningApps(settings.taskbarShowBadgeScan, true, true, false);
+    refreshRunningApps({.forceBadgeScan = settings.taskbarShowBadgeScan,
+                        .allowCacheSkip = true,
+                        .onlyIfDirty = true});
     publishScannedApps();
     if (confirmMS < 1) {
       configureTimers();
@@ -193,11 +196,11 @@ void AppModel::scheduleActionRefresh() {
     if (task->cancelled) return;
     const std::string mode = actionRefreshMode(model.settings);
     if (mode == kScanOnly) {
-      model.refreshRunningApps(false, false, false, false);
+      model.refreshRunningApps({});
     } else if (mode == kPublishOnly) {
       model.publishScannedApps();
     } else if (mode == kScanAndPublish) {
-      model.refreshRunningApps(false, false, false, true);
+      model.refreshRunningApps({.publish = true});
     }
   });
 }

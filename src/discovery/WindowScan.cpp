@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "discovery/DiscoveryState.h"
+#include "discovery/TaskPredicate.h"
 #include "model/AppModel.h"
 #include "model/TaskIdentifiers.h"
 #include "model/Text.h"
@@ -125,8 +126,7 @@ std::optional<std::vector<RunningAppItem>> AppModel::cachedApplicationWindows(Pi
 }
 
 std::vector<RunningAppItem> AppModel::scanApplicationWindows(const RunningApplication& app,
-                                                             bool hasBadge,
-                                                             bool allowCachedSnapshot) {
+                                                             WindowScanRequest request) {
   Accessibility& ax = *platform_.accessibility;
   const Pid pid = app.processIdentifier;
   const AppMetadata metadata = applicationMetadata(app);
@@ -135,7 +135,7 @@ std::vector<RunningAppItem> AppModel::scanApplicationWindows(const RunningApplic
   auto copied = copyApplicationWindows(pid);
   if (!copied) {
     // The application isn't answering: keep what it showed last.
-    return cachedApplicationWindows(pid, hasBadge).value_or(std::vector<RunningAppItem>{});
+    return cachedApplicationWindows(pid, request.hasBadge).value_or(std::vector<RunningAppItem>{});
   }
 
   // One element per window, in order of first occurrence.
@@ -158,7 +158,7 @@ std::vector<RunningAppItem> AppModel::scanApplicationWindows(const RunningApplic
     updateObservedWindows({}, pid);
     AXApplicationSnapshot empty;
     empty.isActive = app.isActive;
-    empty.hasBadge = hasBadge;
+    empty.hasBadge = request.hasBadge;
     discovery.axApplicationWindowCache[pid] = AXApplicationWindowCache{empty, {}};
   };
   if (discovery.closeArtifactSuppressionPIDs.count(pid)) {
@@ -202,10 +202,10 @@ std::vector<RunningAppItem> AppModel::scanApplicationWindows(const RunningApplic
   if (app.isActive && copied->focused) {
     snapshot.focusedTitle = axString(ax.copyAttribute(*copied->focused, ax::Title));
   }
-  snapshot.hasBadge = hasBadge;
+  snapshot.hasBadge = request.hasBadge;
 
   auto cached = discovery.axApplicationWindowCache.find(pid);
-  if (allowCachedSnapshot && cached != discovery.axApplicationWindowCache.end() &&
+  if (request.allowCachedSnapshot && cached != discovery.axApplicationWindowCache.end() &&
       cached->second.snapshot == snapshot) {
     return cached->second.items;
   }
@@ -220,14 +220,12 @@ std::vector<RunningAppItem> AppModel::scanApplicationWindows(const RunningApplic
 
   std::vector<RunningAppItem> items;
   for (size_t index = 0; index < final.size(); ++index) {
-    std::string name;
-    if (anyTitled) {
-      if (!titles[index].title) continue;
-      name = *titles[index].title;
-    } else {
-      if (!isPlainWindow(final[index])) continue;
-      name = metadata.name;
-    }
+    std::string name = titles[index].title.value_or(metadata.name);
+    TaskCandidate candidate{.title = titles[index].title,
+                            .titledWindowsOnly = anyTitled,
+                            .blacklisted = isBlacklisted(name)};
+    if (!anyTitled) candidate.plainWindow = isPlainWindow(final[index]);
+    if (!becomesTask(candidate)) continue;
     RunningAppItem item;
     item.id = axTaskID(pid, titles[index].key);
     item.processIdentifier = pid;
@@ -237,7 +235,7 @@ std::vector<RunningAppItem> AppModel::scanApplicationWindows(const RunningApplic
     item.icon = metadata.icon;
     item.bundleIdentifier = metadata.bundleIdentifier;
     item.isActive = app.isActive && copied->focused && ax.equal(final[index], *copied->focused);
-    item.hasNotificationBadge = hasBadge;
+    item.hasNotificationBadge = request.hasBadge;
     items.push_back(std::move(item));
   }
 

@@ -3,6 +3,7 @@
 #include <limits>
 #include <map>
 
+#include "discovery/TaskPredicate.h"
 #include "model/AppModel.h"
 #include "model/TaskIdentifiers.h"
 #include "model/Text.h"
@@ -38,8 +39,15 @@ std::vector<RunningAppItem> AppModel::scanWindowServerTasks(
 
     const int64_t index = counts[pid]++;
     const AppMetadata& metadata = applicationMetadata(app);
-    std::string name = entry.name ? trimmedWhitespaceAndNewlines(*entry.name) : std::string();
-    if (name.empty()) name = metadata.name;
+    std::optional<std::string> title;
+    if (entry.name) title = trimmedWhitespaceAndNewlines(*entry.name);
+    if (title && title->empty()) title.reset();
+    std::string name = title.value_or(metadata.name);
+    // The window server lists whole windows only: each on-screen window of
+    // layer 0 counts as a plain one, whatever its neighbours' titles.
+    if (!becomesTask({.title = title, .plainWindow = true, .blacklisted = isBlacklisted(name)})) {
+      continue;
+    }
 
     RunningAppItem item;
     item.id = windowServerTaskID(pid, *entry.number);

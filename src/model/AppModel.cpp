@@ -31,6 +31,11 @@ void AppModel::persistSetting(std::string_view key) {
   tolv::persistSetting(settings, defaults_, key);
 }
 
+void AppModel::recordRuntimeIssue(const RuntimeIssue& issue) {
+  // A platform given no log (a benchmark's) keeps no record.
+  if (platform_.runtimeIssueLog) platform_.runtimeIssueLog->record(issue);
+}
+
 void AppModel::postAfter(double delay, std::function<void(AppModel&)> work) {
   std::weak_ptr<AppModel> weak = weak_from_this();
   platform_.runLoop->postAfter(delay, [weak, work = std::move(work)] {

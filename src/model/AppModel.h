@@ -12,6 +12,7 @@
 
 #include "arrangement/GroupKeys.h"
 #include "arrangement/ScanOrder.h"
+#include "arrangement/TaskbarEntryRequest.h"
 #include "discovery/DiscoveryState.h"
 #include "discovery/RefreshState.h"
 #include "model/ModelLifeState.h"
@@ -19,6 +20,7 @@
 #include "model/Records.h"
 #include "model/Settings.h"
 #include "platform/Platform.h"
+#include "taskbar/GroupPopupState.h"
 #include "taskbar/TrayState.h"
 
 namespace tolv {
@@ -84,15 +86,12 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
 
   // ---- Window discovery: refresh (discovery/) ---------------------------------------
   // The one operation through which windows reach the model.
-  void refreshRunningApps(bool forceBadgeScan, bool allowCacheSkip, bool onlyIfDirty, bool publish);
+  void refreshRunningApps(RefreshRequest request);
   void publishScannedApps();
   // Every assignment of runningApps goes through here, so the tab times follow.
   void assignRunningApps(std::vector<RunningAppItem> items);
   // The scan stage, the publish stage and the scans while the bar is hidden.
   void configureTimers();
-  void startWindowScanTimer(bool fireNow);
-  void startRefreshTimer(std::optional<double> firstDelay);
-  void startBackgroundRefreshTimer();
   void runWindowScanTick();
   void runRefreshTick();
   void runBackgroundRefreshTick();
@@ -127,43 +126,23 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   Published<std::vector<AttentionAppItem>> attentionApps;
   // The settings screen's way of changing the filter list; an empty list is a blacklist.
   void setAttentionIndicatorApps(const std::string& policy, std::vector<std::string> names);
-  // One application's tasks in a refresh: rescanned when dirty or polled, else
-  // taken from its cache.
-  std::vector<RunningAppItem> scanApplication(const RunningApplication& app, bool allowCacheSkip,
-                                              bool onlyIfDirty);
-  // New tasks of an application with a lasting colour take that colour.
-  void giveDefaultColors(const std::vector<RunningAppItem>& items,
-                         const std::unordered_set<std::string>& baseIDs);
-  // Colours and switcher priorities keep only ids of live tasks, groups and workspaces.
-  void pruneTaskKeyedState(const std::vector<RunningAppItem>& items);
   RefreshState pipeline;
 
   // ---- Window discovery: window server and duplicates (discovery/) -------------------
   // The on-screen windows of layer 0 of the given applications, front to back:
   // the tasks while accessibility is missing.
   std::vector<RunningAppItem> scanWindowServerTasks(const std::vector<RunningApplication>& apps);
-  // The list a refresh starts from, without duplicates; a repair is stored and
-  // reported as an issue that asks for a restart.
-  std::vector<RunningAppItem> normalizeBaseList(std::vector<RunningAppItem> base, bool publish);
-  // The scan merged into the base list: known tasks keep their places. A
-  // duplicate from the scan is dropped and logged once per run.
-  std::vector<RunningAppItem> mergeScannedItems(const std::vector<RunningAppItem>& base,
-                                                std::vector<RunningAppItem> scanned);
 
   // ---- Window discovery: accessibility window scan (discovery/) ---------------------
   DiscoveryState discovery;
 
   // The regular applications other than this one, each pid once per pass.
   std::vector<RunningApplication> listRegularApplications(Pid ownPid, std::set<Pid>& seenPids);
-  const AppMetadata& applicationMetadata(const RunningApplication& app);
-  bool usesAlternateIdentifiers(const std::optional<std::string>& bundleIdentifier) const;
   void addAlternateIdentifierApp(const std::string& bundleIdentifier);
   void removeAlternateIdentifierApp(const std::string& bundleIdentifier);
   std::optional<ApplicationWindows> copyApplicationWindows(Pid pid);
-  WindowTitleAndKey windowTitleAndKey(const AXElement& window, bool alternate);
-  bool isPlainWindow(const AXElement& window);
-  std::vector<RunningAppItem> scanApplicationWindows(const RunningApplication& app, bool hasBadge,
-                                                     bool allowCachedSnapshot);
+  std::vector<RunningAppItem> scanApplicationWindows(const RunningApplication& app,
+                                                     WindowScanRequest request);
   std::optional<std::vector<RunningAppItem>> cachedApplicationWindows(Pid pid, bool hasBadge);
   bool isBlacklisted(std::string_view name) const;
   std::optional<AXElement> resolveAXWindow(const RunningAppItem& item,
@@ -173,13 +152,9 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   void pruneApplicationCaches(const std::set<Pid>& livePids);
 
   // ---- Window discovery: observers ----------------------------------------------------
-  // One observer per listed application; an application whose observer can't be
-  // set up is polled instead.
-  void syncAXObservers(const std::vector<RunningApplication>& apps);
   void removeAllAXObservers();
   // Drops everything kept about an application's observer and windows.
   void forgetObservedApplication(Pid pid);
-  void updateObservedWindows(const AXElementList& windows, Pid pid);
   void setAXObserverDeliverySuspended(bool suspended);
   // Marks the application dirty for the next scan tick.
   void handleAXNotification(Pid pid, const AXElement& element, const std::string& notification);
@@ -281,7 +256,7 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   // Whether the grouping mode and the specific-apps list group an application.
   bool shouldGroupApplication(std::string_view appName) const;
   // The taskbar's slots in item order: single tasks, groups and workspace tasks.
-  std::vector<TaskbarEntry> taskbarEntries(bool groupAll, bool includeWorkspaces) const;
+  std::vector<TaskbarEntry> taskbarEntries(TaskbarEntryRequest request) const;
   // The one entry that stands for all workspaces, when there are two or more.
   std::vector<TaskbarEntry> workspaceGroupEntries() const;
   std::vector<ManagedWorkspaceTask> workspaceGroupTasks() const;
@@ -398,7 +373,7 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   // The one way to jump to a space.
   void requestWorkspaceSwitch(const ManagedWorkspaceTask& task);
 
-  // ---- Switcher (switcher/) ------------------------------------------------------------------
+  // ---- Switcher: what the bar keeps for it ------------------------------------------------
   // Tasks and groups the user put first in the switcher; pruned with the task list.
   std::set<std::string> lumoPriorityIDs;
 
@@ -452,13 +427,13 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   // The colour a tab shows, by its key, until the colour rules arrive: the live colour.
   std::optional<std::string> tabColorName(const std::string& key) const;
   // Activates the task, first bringing back the desktop when the bar shows the
-  // desktop's tasks on another space; an active task is minimised unless
-  // `noMinimise` holds.
-  void activateTaskOnDesktop(const RunningAppItem& task, bool noMinimise);
+  // desktop's tasks on another space; an active task is minimised when
+  // `allowMinimise` holds, as in activateTask.
+  void activateTaskOnDesktop(const RunningAppItem& task, bool allowMinimise);
   void hideOrMinimizeTaskOnDesktop(const RunningAppItem& task);
   // A group's popup opened or closed: the open lists follow, and a popup of an
   // overflow row holds the overflow cards open while it is shown.
-  void setGroupPopupShown(const std::string& groupID, bool shown, bool holdsOverflow);
+  void setGroupPopupShown(const std::string& groupID, GroupPopupState state);
   // Closes the settings panel; set by whoever shows it.
   std::function<void()> settingsCloseHandler;
   // Adding one closes every open group popup.
@@ -522,6 +497,8 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   // ---- Application lifecycle (app/) -----------------------------------------------------
   // The one way alerts are shown; 1000 answers the first button.
   AlertResult presentAlert(const Alert& alert, bool centred, double fraction);
+  // Writes an internal fault to the application's runtime log.
+  void recordRuntimeIssue(const RuntimeIssue& issue);
 
   // ---- Start menu: application icons (startmenu/) -------------------------------------
   // Icons by image cache key ("bundle:", "path:", "running:", ...), every one 64
@@ -550,6 +527,38 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
  private:
   explicit AppModel(const Platform& platform);
 
+  // ---- Window discovery: the steps of a refresh (discovery/) ----------------------------
+  void startWindowScanTimer(bool fireNow);
+  void startRefreshTimer(std::optional<double> firstDelay);
+  void startBackgroundRefreshTimer();
+  // One application's tasks in a refresh: rescanned when dirty or polled, else
+  // taken from its cache.
+  std::vector<RunningAppItem> scanApplication(const RunningApplication& app,
+                                              const RefreshRequest& request);
+  // New tasks of an application with a lasting colour take that colour.
+  void giveDefaultColors(const std::vector<RunningAppItem>& items,
+                         const std::unordered_set<std::string>& baseIDs);
+  // Colours and switcher priorities keep only ids of live tasks, groups and workspaces.
+  void pruneTaskKeyedState(const std::vector<RunningAppItem>& items);
+  // The published list is the last good one of the desktop; a jump that waited
+  // for it goes on.
+  void completeDesktopScanCycle();
+  // The list a refresh starts from, without duplicates; a repair is stored and
+  // reported as an issue that asks for a restart.
+  std::vector<RunningAppItem> normalizeBaseList(std::vector<RunningAppItem> base, bool publish);
+  // The scan merged into the base list: known tasks keep their places. A
+  // duplicate from the scan is dropped and logged once per run.
+  std::vector<RunningAppItem> mergeScannedItems(const std::vector<RunningAppItem>& base,
+                                                std::vector<RunningAppItem> scanned);
+  const AppMetadata& applicationMetadata(const RunningApplication& app);
+  bool usesAlternateIdentifiers(const std::optional<std::string>& bundleIdentifier) const;
+  WindowTitleAndKey windowTitleAndKey(const AXElement& window, bool alternate);
+  bool isPlainWindow(const AXElement& window);
+  // One observer per listed application; an application whose observer can't be
+  // set up is polled instead.
+  void syncAXObservers(const std::vector<RunningApplication>& apps);
+  void updateObservedWindows(const AXElementList& windows, Pid pid);
+
   // A repeating timer whose ticks reach the model for as long as it lives.
   std::unique_ptr<Timer> scheduleRepeatingTick(double firstDelay, double period,
                                                void (AppModel::*tick)());
@@ -561,6 +570,10 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   // Runs `work` later on the main queue, unless the model is gone by then.
   void postAfter(double delay, std::function<void(AppModel&)> work);
 
+  // Window commands: unhides and activates the application for this one window
+  // and raises it; or, without a window at hand, brings all its windows forward.
+  void bringToFront(const AXElement& window, Pid pid);
+  void bringAllWindowsForward(Pid pid);
   // Window commands: one read of an application's AXWindows.
   std::optional<AXElementList> copyAXWindows(Pid pid);
   // The window's frame on its screen's visible frame, scaled.

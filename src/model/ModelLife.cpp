@@ -104,7 +104,7 @@ void AppModel::beginInitialRefresh(bool forceBadgeScan) {
     return;
   }
   life.initialWindowListReady = true;
-  refreshRunningApps(forceBadgeScan, false, false, true);
+  refreshRunningApps({.forceBadgeScan = forceBadgeScan, .publish = true});
 }
 
 void AppModel::refreshAccessibilityTrust() {
@@ -126,7 +126,7 @@ void AppModel::setSystemInactive(const std::string& reason, bool inactive) {
   if (wasInactive && !systemIsInactive.get()) {
     refreshAccessibilityTrust();
     life.deferredWorkspaceRefresh = false;
-    refreshRunningApps(true, false, false, true);
+    refreshRunningApps({.forceBadgeScan = true, .publish = true});
   }
 }
 
@@ -137,7 +137,7 @@ void AppModel::handleApplicationEvent(std::optional<Pid> pid) {
     return;
   }
   if (platform_.runLoop->now() >= pipeline.actionRefreshScanBlockedUntil) {
-    refreshRunningApps(false, true, true, false);
+    refreshRunningApps({.allowCacheSkip = true, .onlyIfDirty = true});
   }
 }
 
@@ -149,7 +149,7 @@ void AppModel::handleActiveSpaceChange() {
   } else {
     refreshManagedWorkspaces();
   }
-  refreshRunningApps(false, true, false, true);
+  refreshRunningApps({.allowCacheSkip = true, .publish = true});
 }
 
 void AppModel::stop() {

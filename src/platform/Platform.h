@@ -15,7 +15,9 @@
 #include "platform/Power.h"
 #include "platform/Processes.h"
 #include "platform/RunLoop.h"
+#include "platform/RuntimeIssueLog.h"
 #include "platform/Screens.h"
+#include "platform/SystemCommands.h"
 #include "platform/UserDefaults.h"
 #include "platform/WindowServer.h"
 #include "platform/Workspace.h"
@@ -49,6 +51,9 @@ struct Platform {
   Power* power = nullptr;
   Audio* audio = nullptr;
   Brightness* brightness = nullptr;
+  SystemCommands* systemCommands = nullptr;
+  // The application's log of internal faults; the application sets it.
+  RuntimeIssueLog* runtimeIssueLog = nullptr;
 };
 
 }  // namespace tolv

@@ -65,6 +65,8 @@ void AppModel::clearIconCaches() {
   appIconCache.clear();
   discovery.appMetadataCache.clear();
   discovery.axApplicationWindowCache.clear();
+  // The observers go too; the next refresh makes them anew with fresh application data.
+  removeAllAXObservers();
   FileSystem& files = *platform_.fileSystem;
   std::string folder = iconCacheFolder();
   for (const std::string& name : files.listDirectory(folder).value_or(std::vector<std::string>{}))

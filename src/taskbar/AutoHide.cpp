@@ -289,26 +289,46 @@ bool AutoHide::pointerInside(const TaskbarPanel& panel, Point p) const {
   return zone.contains(p);
 }
 
+AutoHideState AutoHide::state() const {
+  if (startupInteractionHoldOpen_) return AutoHideState::Hold;
+  if (topEdgeRehideActive_) return AutoHideState::TopRehide;
+  if (panelsAreFullyHidden_) {
+    return reshowLockoutHolds(mouse()) ? AutoHideState::Lockout : AutoHideState::Hidden;
+  }
+  return running(fadeTimer_) ? AutoHideState::Fading : AutoHideState::Open;
+}
+
+void AutoHide::holdEveryPanelOpen() {
+  leaveHidden();
+  for (const auto& panel : panels_.panels()) {
+    setPanelVisibility(*panel, 1, false);
+    resetTransform(*panel);
+    lastPointerInside_[panel->serial] = now();
+  }
+  setTaskbarHidden(false);
+  setStartMenuOpacity(1);
+}
+
+void AutoHide::leaveHidden() {
+  panelsAreFullyHidden_ = false;
+  popupsDismissedForCurrentHide_ = false;
+  deactivateHiddenEdgeTriggers();
+}
+
 void AutoHide::autoHideTick() {
   const Settings& s = settings();
+  // Hold: every panel stays shown until the user's first click or key.
   if (startupInteractionHoldOpen_) {
-    panelsAreFullyHidden_ = false;
-    popupsDismissedForCurrentHide_ = false;
-    deactivateHiddenEdgeTriggers();
-    for (const auto& panel : panels_.panels()) {
-      setPanelVisibility(*panel, 1, false);
-      resetTransform(*panel);
-      lastPointerInside_[panel->serial] = now();
-    }
-    setTaskbarHidden(false);
-    setStartMenuOpacity(1);
+    holdEveryPanelOpen();
     return;
   }
   Point p = mouse();
+  // Top rehide: the pending rehide decides, unless the pointer is in the real bar.
   if (topEdgeRehideActive_) {
     if (!pointerInRealBar(p)) return;
     cancelTopEdgeRehide();
   }
+  // Hidden: nothing to do until the pointer reaches the one-point edge.
   if (panelsAreFullyHidden_ && s.autoHideEnabled && !startMenuContainsMouse() &&
       !workspacePopupHoldsBar() && !pointerAtHiddenEdge(p)) {
     return;
@@ -320,39 +340,28 @@ void AutoHide::autoHideTick() {
   bool anyHiding = false;
   for (const auto& owned : panels_.panels()) {
     TaskbarPanel& panel = *owned;
-    double alpha = panel.window->alpha();
     if (!s.autoHideEnabled) {
-      lastPointerInside_[panel.serial] = now();
-      setPanelVisibility(panel, 1, false);
-      resetTransform(panel);
-      setStartMenuOpacity(1);
-      refitFrame(panel, normalHeight);
+      showPanelOpen(panel, normalHeight);
       allHidden = false;
       continue;
     }
-    bool shown = alpha > kHiddenAlpha;
-    bool keepOpen = shown ? pointerInside(panel, p) : pointerAtEdge(panel, p);
-    bool grouped = shown && !model_.openGroupedLists->empty();
-    keepOpen = keepOpen || startMenuContainsMouse() || workspacePopupHoldsBar() || grouped;
-    if (keepOpen) {
-      popupsDismissedForCurrentHide_ = false;
-      lastPointerInside_[panel.serial] = now();
-      if (shown) {
-        setPanelVisibility(panel, 1, false);
-        resetTransform(panel);
-      } else {
-        animatePanelIn(panel);
-      }
-      setStartMenuOpacity(1);
-      refitFrame(panel, normalHeight);
-      if (!shown && s.lockApplicationsContainerToTaskbar && hooks_.onStart) {
-        hooks_.onStart(panel.window->frame());
-      }
+    const bool shown = panel.window->alpha() > kHiddenAlpha;
+    const auto reasons = reasonsToStayShown({
+        .shown = shown,
+        .pointerInside = shown && pointerInside(panel, p),
+        .pointerAtEdge = !shown && pointerAtEdge(panel, p),
+        .startMenuContainsPointer = startMenuContainsMouse(),
+        .workspacePopupHoldsBar = workspacePopupHoldsBar(),
+        .groupListOpen = !model_.openGroupedLists->empty(),
+    });
+    if (!reasons.empty()) {
+      keepPanelOpen(panel, shown, normalHeight);
       allHidden = false;
       continue;
     }
     if (!shown) continue;
 
+    // Open until the delay since the pointer left is over, then Fading or Hidden.
     auto last = lastPointerInside_.try_emplace(panel.serial, now()).first->second;
     double elapsed = now() - last;
     double delay = static_cast<double>(s.autoHideDelayMS) / 1000;
@@ -360,25 +369,9 @@ void AutoHide::autoHideTick() {
       allHidden = false;
       continue;
     }
-    if (animates()) {
-      double duration = static_cast<double>(s.animationDurationMS) / 1000;
-      double progress = std::clamp((elapsed - delay) / duration, 0.0, 1.0);
-      double opacity = fadeOpacity(progress, s.animationStyle);
-      setPanelVisibility(panel, opacity, false);
-      HideTransform transform = hideTransform(progress, s.animationStyle, panels_.location());
-      if (transform.isIdentity()) {
-        resetTransform(panel);
-      } else {
-        panel.window->setTransform(transform);
-      }
-      setStartMenuOpacity(opacity);
-      if (opacity <= kHiddenAlpha) setPanelVisibility(panel, 0, true);
-      allHidden = allHidden && opacity <= kHiddenAlpha;
-      anyFading = anyFading || opacity > kHiddenAlpha;
-    } else {
-      setPanelVisibility(panel, 0, true);
-      setStartMenuOpacity(0);
-    }
+    const double opacity = fadePanel(panel, elapsed - delay);
+    allHidden = allHidden && opacity <= kHiddenAlpha;
+    anyFading = anyFading || opacity > kHiddenAlpha;
     anyHiding = true;
   }
 
@@ -391,10 +384,59 @@ void AutoHide::autoHideTick() {
     fadeTimer_.reset();
   }
   if (allHidden) activateHiddenEdgeTriggers();
-  if ((anyHiding || allHidden) && !popupsDismissedForCurrentHide_) {
-    popupsDismissedForCurrentHide_ = true;
-    if (hooks_.dismissOpenPopups) hooks_.dismissOpenPopups();
+  if (anyHiding || allHidden) dismissPopupsOnce();
+}
+
+void AutoHide::showPanelOpen(TaskbarPanel& panel, double normalHeight) {
+  lastPointerInside_[panel.serial] = now();
+  setPanelVisibility(panel, 1, false);
+  resetTransform(panel);
+  setStartMenuOpacity(1);
+  refitFrame(panel, normalHeight);
+}
+
+void AutoHide::keepPanelOpen(TaskbarPanel& panel, bool shown, double normalHeight) {
+  popupsDismissedForCurrentHide_ = false;
+  lastPointerInside_[panel.serial] = now();
+  if (shown) {
+    setPanelVisibility(panel, 1, false);
+    resetTransform(panel);
+  } else {
+    animatePanelIn(panel);
   }
+  setStartMenuOpacity(1);
+  refitFrame(panel, normalHeight);
+  if (!shown && settings().lockApplicationsContainerToTaskbar && hooks_.onStart) {
+    hooks_.onStart(panel.window->frame());
+  }
+}
+
+double AutoHide::fadePanel(TaskbarPanel& panel, double sinceDelayEnded) {
+  const Settings& s = settings();
+  if (!animates()) {
+    setPanelVisibility(panel, 0, true);
+    setStartMenuOpacity(0);
+    return 0;
+  }
+  double duration = static_cast<double>(s.animationDurationMS) / 1000;
+  double progress = std::clamp(sinceDelayEnded / duration, 0.0, 1.0);
+  double opacity = fadeOpacity(progress, s.animationStyle);
+  setPanelVisibility(panel, opacity, false);
+  HideTransform transform = hideTransform(progress, s.animationStyle, panels_.location());
+  if (transform.isIdentity()) {
+    resetTransform(panel);
+  } else {
+    panel.window->setTransform(transform);
+  }
+  setStartMenuOpacity(opacity);
+  if (opacity <= kHiddenAlpha) setPanelVisibility(panel, 0, true);
+  return opacity;
+}
+
+void AutoHide::dismissPopupsOnce() {
+  if (popupsDismissedForCurrentHide_) return;
+  popupsDismissedForCurrentHide_ = true;
+  if (hooks_.dismissOpenPopups) hooks_.dismissOpenPopups();
 }
 
 // ---- hiding at once and the triggers ---------------------------------------------------------
@@ -409,10 +451,7 @@ void AutoHide::hidePanelsImmediately() {
   setStartMenuOpacity(0);
   setTaskbarHidden(true);
   activateHiddenEdgeTriggers();
-  if (!popupsDismissedForCurrentHide_) {
-    popupsDismissedForCurrentHide_ = true;
-    if (hooks_.dismissOpenPopups) hooks_.dismissOpenPopups();
-  }
+  dismissPopupsOnce();
 }
 
 void AutoHide::activateHiddenEdgeTriggers() {
@@ -479,9 +518,7 @@ void AutoHide::edgeTriggerExited() {
 void AutoHide::showPanelsFromEdge() {
   topEdgeShowWorkItem_.reset();
   if (!hiddenEdgeTriggersActive_) return;
-  panelsAreFullyHidden_ = false;
-  popupsDismissedForCurrentHide_ = false;
-  deactivateHiddenEdgeTriggers();
+  leaveHidden();
   autoHideDelayTimer_.reset();
   autoHideTick();
   startTopEdgeRehide();
@@ -545,16 +582,19 @@ bool AutoHide::pointerInRealBar(Point p) {
   return false;
 }
 
-bool AutoHide::isReshowLockedOut() {
+bool AutoHide::reshowLockoutHolds(Point p) const {
   if (!topEdgeReshowLockoutStartedAt_ || !topEdgeReshowLockoutMouse_) return false;
   int64_t wait = settings().topMacOSReshowWaitMS;
   if (wait >= 1 && (now() - *topEdgeReshowLockoutStartedAt_) * 1000 < static_cast<double>(wait)) {
     return true;
   }
-  Point p = mouse();
   double moved =
       std::hypot(p.x - topEdgeReshowLockoutMouse_->x, p.y - topEdgeReshowLockoutMouse_->y);
-  if (moved < settings().topMacOSReshowMouseMovePixels) return true;
+  return moved < settings().topMacOSReshowMouseMovePixels;
+}
+
+bool AutoHide::isReshowLockedOut() {
+  if (reshowLockoutHolds(mouse())) return true;
   topEdgeReshowLockoutStartedAt_.reset();
   topEdgeReshowLockoutMouse_.reset();
   return false;
@@ -585,9 +625,7 @@ void AutoHide::topCornerEntered(const Screen& screen, bool isLeft) {
   const std::string& location = panels_.location();
   if (location != TopLeft && !(location == LeftAlt && isLeft)) return;
   topEdgeShowWorkItem_.reset();
-  panelsAreFullyHidden_ = false;
-  popupsDismissedForCurrentHide_ = false;
-  deactivateHiddenEdgeTriggers();
+  leaveHidden();
   autoHideDelayTimer_.reset();
   for (const auto& panel : panels_.panels()) {
     animatePanelIn(*panel);
@@ -650,9 +688,7 @@ std::optional<Rect> AutoHide::revealPanelsForStart() {
       break;
     }
   }
-  panelsAreFullyHidden_ = false;
-  popupsDismissedForCurrentHide_ = false;
-  deactivateHiddenEdgeTriggers();
+  leaveHidden();
   autoHideDelayTimer_.reset();
   for (const auto& panel : all) {
     if (panel->window->alpha() <= kHiddenAlpha) {
@@ -670,16 +706,7 @@ std::optional<Rect> AutoHide::revealPanelsForStart() {
 void AutoHide::beginStartupInteractionHold() {
   startupInteractionHoldOpen_ = true;
   stopTimers();
-  panelsAreFullyHidden_ = false;
-  popupsDismissedForCurrentHide_ = false;
-  deactivateHiddenEdgeTriggers();
-  for (const auto& panel : panels_.panels()) {
-    setPanelVisibility(*panel, 1, false);
-    resetTransform(*panel);
-    lastPointerInside_[panel->serial] = now();
-  }
-  setTaskbarHidden(false);
-  setStartMenuOpacity(1);
+  holdEveryPanelOpen();
   startupHoldTimer_ = runLoop_.scheduleTimer(kStartupHoldFrameDelay, 0, 0, [this] {
     if (!startupInteractionHoldOpen_) return;
     double normalHeight = panels_.overflowGeometry().normalHeight;

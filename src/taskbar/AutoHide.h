@@ -9,6 +9,7 @@
 #include "platform/Geometry.h"
 #include "platform/RunLoop.h"
 #include "platform/Signal.h"
+#include "taskbar/AutoHideReasons.h"
 #include "taskbar/FadeCurves.h"
 #include "taskbar/TaskbarPanels.h"
 
@@ -67,6 +68,7 @@ class AutoHide {
   void setTaskResizePaused(bool paused);
 
   // State, for views and tests.
+  AutoHideState state() const;
   bool panelsAreFullyHidden() const { return panelsAreFullyHidden_; }
   bool hiddenEdgeTriggersActive() const { return hiddenEdgeTriggersActive_; }
   bool topEdgeRehideActive() const { return topEdgeRehideActive_; }
@@ -97,6 +99,18 @@ class AutoHide {
   bool paused() const;
   void resetTransform(TaskbarPanel& panel);
   void refitFrame(TaskbarPanel& panel, double normalHeight);
+  // The effects of the tick's decisions on one panel: shown with auto-hide off;
+  // kept open by a reason to stay shown; faded by the time since the delay
+  // ended (its opacity now).
+  void showPanelOpen(TaskbarPanel& panel, double normalHeight);
+  void keepPanelOpen(TaskbarPanel& panel, bool shown, double normalHeight);
+  double fadePanel(TaskbarPanel& panel, double sinceDelayEnded);
+  // Hold: every panel shown, the bar counted as shown.
+  void holdEveryPanelOpen();
+  // The bar stops counting as hidden; its triggers go out.
+  void leaveHidden();
+  // The open popups close once per hide.
+  void dismissPopupsOnce();
   void animatePanelIn(TaskbarPanel& panel);
   void stepFadeIns();
 
@@ -104,6 +118,9 @@ class AutoHide {
   bool pointerInside(const TaskbarPanel& panel, Point mouse) const;
   bool pointerInRealBar(Point mouse);
   bool pointerAtHiddenEdge(Point mouse) const;
+  // Lockout: the wait after a rehide is running, or the pointer has not yet
+  // moved far enough from where it was.
+  bool reshowLockoutHolds(Point mouse) const;
 
   void activateHiddenEdgeTriggers();
   void deactivateHiddenEdgeTriggers();

@@ -125,7 +125,8 @@ std::optional<RunningAppItem> findTask(const AppModel& model, const std::string&
 
 std::optional<RunningAppGroup> findGroup(const AppModel& model, const std::string& id) {
   for (bool groupAll : {false, true}) {
-    for (const auto& entry : model.taskbarEntries(groupAll, true)) {
+    for (const auto& entry :
+         model.taskbarEntries({.groupAll = groupAll, .includeWorkspaces = true})) {
       if (entry.group && entry.group->id == id) return entry.group;
     }
   }
@@ -139,30 +140,31 @@ std::optional<ManagedWorkspaceTask> findWorkspace(const AppModel& model, const s
   return std::nullopt;
 }
 
-void AppModel::activateTaskOnDesktop(const RunningAppItem& task, bool noMinimise) {
-  runOnDesktop([task, noMinimise](AppModel& model) { model.activateTask(task, !noMinimise); });
+void AppModel::activateTaskOnDesktop(const RunningAppItem& task, bool allowMinimise) {
+  runOnDesktop([task, allowMinimise](AppModel& model) { model.activateTask(task, allowMinimise); });
 }
 
 void AppModel::hideOrMinimizeTaskOnDesktop(const RunningAppItem& task) {
   runOnDesktop([task](AppModel& model) { model.hideOrMinimizeTask(task); });
 }
 
-void AppModel::setGroupPopupShown(const std::string& groupID, bool shown, bool holdsOverflow) {
+void AppModel::setGroupPopupShown(const std::string& groupID, GroupPopupState state) {
   std::set<std::string> open = openGroupedLists.get();
-  if (shown) {
+  if (state.shown) {
     open.insert(groupID);
   } else {
     open.erase(groupID);
   }
   openGroupedLists = std::move(open);
-  if (holdsOverflow) overflowHeldByGroupPopup = shown;
+  if (state.holdsOverflow) overflowHeldByGroupPopup = state.shown;
 }
 
 bool performMenuAction(AppModel& model, const MenuAction& action) {
   switch (action.command) {
     case MenuCommand::ActivateTask:
       return withTask(model, action, [&](const RunningAppItem& task) {
-        model.activateTaskOnDesktop(task, model.isOffDesktopWorkspace());
+        // Off the desktop a click only brings the window forward.
+        model.activateTaskOnDesktop(task, !model.isOffDesktopWorkspace());
       });
     case MenuCommand::ActivateGroup:
       return withGroup(model, action, [&](const RunningAppGroup& group) {

@@ -14,7 +14,9 @@ TaskRowLayout AppModel::layoutTaskRows(double offeredWidth, double savedScreenWi
   input.savedTaskAreaWidth = savedTaskAreaWidth;
   input.groupingMode = settings.groupingMode;
   input.visibleTaskItems = runningApps.get();
-  input.entries = [this](bool groupAll) { return taskbarEntries(groupAll, true); };
+  input.entries = [this](bool groupAll) {
+    return taskbarEntries({.groupAll = groupAll, .includeWorkspaces = true});
+  };
   input.workspaceTasks = managedWorkspaceTasks.get();
   input.overflowReturnLocked = taskbarOverflowReturnLocked;
   input.lockedMainWindowIDs = &taskbarLockedMainWindowIDs;

@@ -211,7 +211,7 @@ void AppModel::openNotificationCenter() {
 
 void AppModel::refreshTasksFromTray() {
   taskbarLayoutCaptureGeneration = taskbarLayoutCaptureGeneration.get() + 1;
-  refreshRunningApps(true, false, false, true);
+  refreshRunningApps({.forceBadgeScan = true, .publish = true});
 }
 
 void AppModel::toggleOverflowReturnLock(const std::vector<std::string>& primaryWindowIDs) {

@@ -29,9 +29,9 @@ class RuntimeIssues : public testing::StartedModel {
 
 TEST_F(RuntimeIssues, TheLogIsCreatedWithTheFirstEntryAndAppendedToAfterwards) {
   desktop.clock().set(1772442000.75);  // 2026-03-02 09:00:00.75 UTC
-  recordRuntimeIssue(platform, "First title", "First detail", false, false);
+  recordRuntimeIssue(platform, {.title = "First title", .detail = "First detail"});
   desktop.runLoop().advance(61);
-  recordRuntimeIssue(platform, "Second title", "Second detail", false, false);
+  recordRuntimeIssue(platform, {.title = "Second title", .detail = "Second detail"});
 
   std::string stamp = std::string("] Tolv ") + TOLV_VERSION + "\n";
   EXPECT_EQ(log(), "[2026-03-02T09:00:00Z" + stamp + "First title\nFirst detail\n\n" +
@@ -42,8 +42,9 @@ TEST_F(RuntimeIssues, TheLogIsCreatedWithTheFirstEntryAndAppendedToAfterwards) {
 }
 
 TEST_F(RuntimeIssues, NotifiedIssuesWaitTogetherOldestFirstAndAnnounceOnTheMainQueue) {
-  recordRuntimeIssue(platform, "One", "Detail one.", true, true);
-  recordRuntimeIssue(platform, "Two", "Detail two.", false, true);
+  recordRuntimeIssue(
+      platform, {.title = "One", .detail = "Detail one.", .requestRestart = true, .notify = true});
+  recordRuntimeIssue(platform, {.title = "Two", .detail = "Detail two.", .notify = true});
   EXPECT_EQ(recordedNotifications, 0);
   desktop.runLoop().runUntilIdle();
   EXPECT_EQ(recordedNotifications, 2);
@@ -58,7 +59,7 @@ TEST_F(RuntimeIssues, NotifiedIssuesWaitTogetherOldestFirstAndAnnounceOnTheMainQ
 TEST_F(RuntimeIssues, AnUnwritableLogStillReportsAndSaysWhy) {
   // A file where the folder should be: the folder can't be made.
   std::ofstream(desktop.applicationSupportFolder()) << "in the way";
-  recordRuntimeIssue(platform, "Title", "Detail.", false, true);
+  recordRuntimeIssue(platform, {.title = "Title", .detail = "Detail.", .notify = true});
   desktop.runLoop().runUntilIdle();
   EXPECT_EQ(recordedNotifications, 1);
   ASSERT_TRUE(pendingMessage());

@@ -120,6 +120,14 @@ TEST(RecentsWithFirst, KeepEachIdOnceNewestFirstAndAtMostEight) {
   EXPECT_THAT(recentsWithFirst({"1", "2"}, {"x", "2", "y"}), ElementsAre("x", "2", "y", "1"));
 }
 
+TEST(RecentsWithFirst, OnlyTheIdsPutInFrontLeaveTheirOldPlaces) {
+  // A stored list may hold repeats; they stay until newer ids push them out.
+  EXPECT_THAT(recentsWithFirst({"1", "1", "2", "3", "2"}, {"3"}),
+              ElementsAre("3", "1", "1", "2", "2"));
+  EXPECT_THAT(recentsWithFirst({"a", "b", "a", "b", "a", "b", "a", "b"}, {"c"}),
+              ElementsAre("c", "a", "b", "a", "b", "a", "b", "a"));
+}
+
 TEST_F(ActiveWindows, RecentItemsSkipGoneIdsAndClearingAsksFirst) {
   refresh({"a1", "b1"});
   model.noteRecentWindow("gone");

@@ -32,7 +32,8 @@ class CustomGroups : public testing::ArrangementTest {
     return RunningAppGroup{"custom:" + key, "", {}, {}, true, std::nullopt};
   }
   RunningAppGroup automaticGroup(Pid pid) {
-    for (const auto& entry : model().taskbarEntries(true, true)) {
+    for (const auto& entry :
+         model().taskbarEntries({.groupAll = true, .includeWorkspaces = true})) {
       if (entry.id == "auto:" + std::to_string(pid)) return *entry.group;
     }
     return {};
@@ -140,7 +141,8 @@ TEST_F(CustomGroups, UngroupingAListTakesEveryWindowOut) {
   model().ungroupList(automaticGroup(10));
   EXPECT_THAT(model().settings.forcedUngroupedWindows, ElementsAre("m0", "m1", "m2"));
   model().createCustomGroup({task("n0", 20, "Notes"), task("m0", 10, "Mail")});
-  model().ungroupList(*model().taskbarEntries(true, true)[0].group);
+  model().ungroupList(
+      *model().taskbarEntries({.groupAll = true, .includeWorkspaces = true})[0].group);
   EXPECT_THAT(members(), IsEmpty());
   EXPECT_THAT(model().settings.customGroupNames, IsEmpty());
   EXPECT_THAT(storedStrings("forcedUngroupedWindows"), ElementsAre("m0", "m1", "m2", "n0"));

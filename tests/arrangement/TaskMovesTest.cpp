@@ -169,7 +169,7 @@ TEST_F(TaskMoves, WorkspaceTasksMoveWithoutARefresh) {
 TEST_F(TaskMoves, NewWindowsFollowTheArrangedOnesWhenTheyGoLast) {
   arrange({S, N});
   desktop.openWindow(20, hashedWindow("Todo", 6));
-  model().refreshRunningApps(false, false, false, true);
+  model().refreshRunningApps({.publish = true});
   EXPECT_THAT(order(), ElementsAre(S, N, M1, M2, M3, "ax:20:hash:6"));
 }
 

@@ -36,14 +36,14 @@ class TaskbarEntries : public testing::ArrangementTest {
                            task("s1", 30, "Safari", 1)};
   }
   std::vector<std::string> entries(bool groupAll) {
-    return describe(model().taskbarEntries(groupAll, true));
+    return describe(model().taskbarEntries({.groupAll = groupAll, .includeWorkspaces = true}));
   }
 };
 
 TEST_F(TaskbarEntries, GroupAllPutsEachProcessInOneGroupEvenWithOneWindow) {
   EXPECT_THAT(entries(false), ElementsAre("m0", "m1", "n0", "s0", "s1"));
   EXPECT_THAT(entries(true), ElementsAre("auto:10[m0,m1]", "auto:20[n0]", "auto:30[s0,s1]"));
-  auto group = model().taskbarEntries(true, false)[2].group;
+  auto group = model().taskbarEntries({.groupAll = true})[2].group;
   ASSERT_TRUE(group);
   EXPECT_EQ(group->appName, "Safari");
   EXPECT_FALSE(group->isCustom);
@@ -78,7 +78,7 @@ TEST_F(TaskbarEntries, ACustomGroupTakesItsMembersOutOfTheirApplicationsGroups) 
   // The group stands where its first live member stands in the list.
   EXPECT_THAT(entries(true),
               ElementsAre("auto:10[m0]", "custom:K[m1,s0]", "custom:J[n0]", "auto:30[s1]"));
-  auto listed = model().taskbarEntries(true, true);
+  auto listed = model().taskbarEntries({.groupAll = true, .includeWorkspaces = true});
   EXPECT_EQ(listed[1].group->appName, "Work");
   EXPECT_EQ(listed[1].group->customIconGlyph, "📁");
   EXPECT_TRUE(listed[1].group->isCustom);
@@ -107,7 +107,7 @@ TEST_F(TaskbarEntries, WorkspaceTasksStandAsTasksAndMayJoinCustomGroups) {
   model().settings.customGroupMembers = {{"workspace:F2", "K"}, {"n0", "K"}};
   EXPECT_THAT(entries(true), ElementsAre("auto:10[m0,m1]", "custom:K[n0,workspace:F2]",
                                          "auto:30[s0,s1]", "workspace:F1 on F1"));
-  EXPECT_THAT(describe(model().taskbarEntries(true, false)),
+  EXPECT_THAT(describe(model().taskbarEntries({.groupAll = true})),
               ElementsAre("auto:10[m0,m1]", "custom:K[n0]", "auto:30[s0,s1]"));
 }
 

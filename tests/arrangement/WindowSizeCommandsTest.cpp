@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "arrangement/CommandTesting.h"
-#include "arrangement/KeySequences.h"
 #include "arrangement/WindowGeometry.h"
 #include "platform/sim/SimScreens.h"
 
@@ -63,12 +62,6 @@ TEST(WindowGeometry, AWindowAcrossTwoScreensBelongsToTheFirstListed) {
   const AXWindowFrame straddling{{1300, 300}, {400, 300}};
   EXPECT_EQ(screenOfWindow(straddling, {tallScreen(), mainScreen()}, 1)->identifier, "tall");
   EXPECT_EQ(screenOfWindow(straddling, {mainScreen(), tallScreen()}, 1)->identifier, "main");
-}
-
-TEST(KeySequences, FullScreenIsFunctionFWithTheFunctionFlagUntilFunctionComesUp) {
-  EXPECT_THAT(fullScreenToggleKeys(),
-              ElementsAre(KeyEvent{63, 0x800000, true}, KeyEvent{3, 0x800000, true},
-                          KeyEvent{3, 0x800000, false}, KeyEvent{63, 0, false}));
 }
 
 class WindowSizeCommands : public testing::CommandTest {

@@ -201,7 +201,7 @@ TEST_F(BadgesInRefresh, TheListModeDecidesWhetherApplicationsWithTasksAreListed)
   EXPECT_TRUE(mailBadged()) << "the tab badge doesn't depend on the list";
 
   model.settings.attentionListMode = "Always";
-  model.refreshRunningApps(false, false, false, true);
+  model.refreshRunningApps({.publish = true});
   EXPECT_THAT(attention(), ElementsAre("com.apple.mail", "com.apple.Notes"));
 }
 
@@ -216,7 +216,7 @@ TEST_F(BadgesInRefresh, BadgedItemsWithoutAProcessAreListedByBundleOrByTitle) {
   twin.url = std::string("/Applications/Chat.app");
   dock().setExtraItems({chat, unknown, twin});
   dock().setBadge("Loose", "7");
-  model().refreshRunningApps(true, false, false, true);
+  model().refreshRunningApps({.forceBadgeScan = true, .publish = true});
 
   EXPECT_THAT(attention(),
               ElementsAre("com.apple.Notes", "dock:Loose", "com.example.Chat", "dock:Old Tool"));
@@ -230,30 +230,30 @@ TEST_F(BadgesInRefresh, BadgedItemsWithoutAProcessAreListedByBundleOrByTitle) {
 TEST_F(BadgesInRefresh, AListWithTheSameIdsIsNotPublishedAgain) {
   startDesktop();
   dock().setBadge("Mail", "3");
-  model().refreshRunningApps(true, false, false, true);
+  model().refreshRunningApps({.forceBadgeScan = true, .publish = true});
   uint64_t published = model().attentionApps.assignmentCount();
   dock().setBadge("Mail", "4");
-  model().refreshRunningApps(true, false, false, true);
+  model().refreshRunningApps({.forceBadgeScan = true, .publish = true});
   EXPECT_EQ(model().attentionApps.assignmentCount(), published);
 }
 
 TEST_F(BadgesInRefresh, BadgesOffEmptyTheCachesAndTheListOffKeepsTheTabBadges) {
   AppModel& model = startDesktop();
   dock().setBadge("Mail", "3");
-  model.refreshRunningApps(true, false, false, true);
+  model.refreshRunningApps({.forceBadgeScan = true, .publish = true});
 
   model.settings.showAttentionApps = false;
-  model.refreshRunningApps(true, false, false, true);
+  model.refreshRunningApps({.forceBadgeScan = true, .publish = true});
   EXPECT_THAT(attention(), IsEmpty());
   EXPECT_TRUE(mailBadged()) << "the badge style still wants the Dock";
 
   model.settings.notificationBadgeStyle = "none";
-  model.refreshRunningApps(true, false, false, true);
+  model.refreshRunningApps({.forceBadgeScan = true, .publish = true});
   EXPECT_THAT(model.discovery.cachedBadgedApps, IsEmpty());
   EXPECT_FALSE(mailBadged());
 
   model.settings.showAttentionApps = true;
-  model.refreshRunningApps(true, false, false, true);
+  model.refreshRunningApps({.forceBadgeScan = true, .publish = true});
   EXPECT_THAT(attention(), ElementsAre("com.apple.mail")) << "style none still scans the Dock";
   EXPECT_FALSE(model.showsAttentionIndicator("Mail"));
 }
@@ -261,10 +261,10 @@ TEST_F(BadgesInRefresh, BadgesOffEmptyTheCachesAndTheListOffKeepsTheTabBadges) {
 TEST_F(BadgesInRefresh, WithoutAccessibilityNothingIsScanned) {
   AppModel& model = startDesktop();
   dock().setBadge("Mail", "3");
-  model.refreshRunningApps(true, false, false, true);
+  model.refreshRunningApps({.forceBadgeScan = true, .publish = true});
   desktop.setAccessibilityGranted(false);
   model.refreshAccessibilityTrust();
-  model.refreshRunningApps(true, false, false, true);
+  model.refreshRunningApps({.forceBadgeScan = true, .publish = true});
   EXPECT_THAT(model.discovery.cachedBadgedApps, IsEmpty());
   EXPECT_THAT(attention(), IsEmpty());
 }

@@ -15,7 +15,7 @@ class Observers : public testing::StartedModel {
  protected:
   sim::SimAccessibility& ax = desktop.accessibility();
   DiscoveryState& state() { return model().discovery; }
-  void fullRefresh() { model().refreshRunningApps(false, false, false, true); }
+  void fullRefresh() { model().refreshRunningApps({.publish = true}); }
 };
 
 TEST_F(Observers, EachApplicationGetsOneScheduledObserverAndItsWindowsAreRegistered) {

@@ -72,13 +72,13 @@ TEST_F(RefreshPipeline, UnchangedListsArePublishedOnlyWhenSkippingIsOff) {
   AppModel& model = startTwoApps();
   uint64_t before = model.runningApps.assignmentCount();
   advance(2);
-  model.refreshRunningApps(false, false, false, true);
+  model.refreshRunningApps({.publish = true});
   EXPECT_EQ(model.runningApps.assignmentCount(), before);
 
   model.settings.expertSkipUnchangedRefreshes = false;
   advance(2);
   EXPECT_EQ(model.runningApps.assignmentCount(), before + 4);
-  model.refreshRunningApps(false, false, false, true);
+  model.refreshRunningApps({.publish = true});
   EXPECT_EQ(model.runningApps.assignmentCount(), before + 5);
 }
 
@@ -118,7 +118,7 @@ TEST_F(RefreshPipeline, NewTasksTakeTheirApplicationsColourAndGoneOnesLoseTheirs
 
   // A colour chosen for a task isn't overwritten by the default.
   model.liveTabColors[inbox] = "Green";
-  model.refreshRunningApps(false, false, false, true);
+  model.refreshRunningApps({.publish = true});
   EXPECT_EQ(model.liveTabColors.at(inbox), "Green");
 }
 
@@ -140,13 +140,13 @@ TEST_F(RefreshPipeline, OffTheDesktopNothingIsScannedOrPublishedAndTheDesktopLis
   model.managedWorkspaceTasks = {space("D", true, false), space("F", false, true)};
   desktop.calls().reset();
   desktop.openWindow(10, window("Drafts"));
-  model.refreshRunningApps(false, false, false, true);
+  model.refreshRunningApps({.publish = true});
   advance(3);
   EXPECT_THAT(shownNames(), ElementsAre("Inbox", "List"));
   EXPECT_EQ(desktop.calls().service("workspace"), 0);
 
   model.managedWorkspaceTasks = {space("D", true, true), space("F", false, false)};
-  model.refreshRunningApps(false, false, false, true);
+  model.refreshRunningApps({.publish = true});
   EXPECT_THAT(shownNames(), ElementsAre("Inbox", "List", "Drafts"));
 }
 

@@ -222,7 +222,7 @@ TEST_F(WindowScan, AKnownUntitledTaskIsNoLeftover) {
 
 TEST_F(WindowScan, BadgesAreCarriedAndCachedWithoutAnotherRead) {
   desktop.populate({app(10, "Mail", {window("Inbox")})});
-  EXPECT_TRUE(sim.scan(10, /*hasBadge=*/true)[0].hasNotificationBadge);
+  EXPECT_TRUE(sim.scan(10, {.hasBadge = true})[0].hasNotificationBadge);
   desktop.calls().reset();
   auto cached = sim.model().cachedApplicationWindows(10, false);
   ASSERT_TRUE(cached);
@@ -238,7 +238,7 @@ TEST_F(WindowScan, AnUnchangedSnapshotCostsOnlyTheListFocusAndFocusedTitle) {
   desktop.populate({mail});
   auto first = sim.scan(10);
   desktop.calls().reset();
-  auto again = sim.scan(10, false, /*allowCached=*/true);
+  auto again = sim.scan(10, {.allowCachedSnapshot = true});
   EXPECT_EQ(idsOf(again), idsOf(first));
   EXPECT_EQ(desktop.calls()["accessibility.copyMultipleAttributes"], 1);
   EXPECT_EQ(desktop.calls()["accessibility.copyAttribute"], 1);
@@ -251,10 +251,11 @@ TEST_F(WindowScan, ASnapshotMissesATitleChangeOfAWindowThatIsNotFocused) {
   desktop.populate({mail});
   sim.scan(10);
   desktop.changeWindow(10, {.title = "Drafts"}, {.title = "Drafts (1)"});
-  EXPECT_THAT(namesOf(sim.scan(10, false, true)), ElementsAre("Inbox", "Drafts"));
+  EXPECT_THAT(namesOf(sim.scan(10, {.allowCachedSnapshot = true})), ElementsAre("Inbox", "Drafts"));
   // A focused title change does alter the snapshot.
   desktop.changeWindow(10, {.title = "Inbox"}, {.title = "Inbox (9)"});
-  EXPECT_THAT(namesOf(sim.scan(10, false, true)), ElementsAre("Inbox (9)", "Drafts (1)"));
+  EXPECT_THAT(namesOf(sim.scan(10, {.allowCachedSnapshot = true})),
+              ElementsAre("Inbox (9)", "Drafts (1)"));
 }
 
 TEST_F(WindowScan, TheBlacklistMatchesTitlesIgnoringCase) {

@@ -51,6 +51,17 @@ TEST_F(WindowServerScan, OnScreenWindowsOfLayerZeroFrontToBackOnlyTheFrontOneAct
   EXPECT_THAT(idsOf(scan()), ElementsAre("cg:10:41", "cg:10:40"));
 }
 
+TEST_F(WindowServerScan, TheBlacklistLeavesOutAWindowButNotItsPlace) {
+  sim::AppSetup mail = app(10, "Mail", {numbered("Inbox", 40), numbered("Drafts", 41)});
+  mail.active = true;
+  desktop.populate({mail});
+  model().settings.blacklist = {"INBOX"};
+  auto items = scan();
+  ASSERT_THAT(namesOf(items), ElementsAre("Drafts"));
+  EXPECT_EQ(items[0].windowIndex, 1);
+  EXPECT_FALSE(items[0].isActive) << "the front window was the blacklisted one";
+}
+
 TEST_F(WindowServerScan, AccessibilityRevokedMidRunMovesTasksToWindowServerIds) {
   desktop.populate({app(10, "Mail", {numbered("Inbox", 40)})});
   AppModel& model = start();

@@ -20,6 +20,7 @@ class SimCommands : public ::testing::Test {
   Accessibility& ax = *desktop.platform().accessibility;
   Workspace& workspace = *desktop.platform().workspace;
   Input& input = *desktop.platform().input;
+  SystemCommands& system = *desktop.platform().systemCommands;
 
   void SetUp() override {
     AppSetup editor = app(1, "Editor", {window("One"), window("Two"), window("Three")});
@@ -225,6 +226,49 @@ TEST_F(SimCommands, ASequenceWhoseEventsCannotBeMadeIsNotPosted) {
   desktop.input().setEventCreationFails(true);
   EXPECT_FALSE(input.postKeyEvents(EventSourceState::HIDSystem, EventTap::HID,
                                    {{posted_key::W, event_flag::Command, true}}));
+  EXPECT_TRUE(desktop.findWindow(1, {.title = "One"}));
+  EXPECT_TRUE(desktop.actionLog().empty());
+}
+
+TEST_F(SimCommands, TheFullScreenCommandPostsFunctionFAndTogglesTheKeyWindow) {
+  EXPECT_TRUE(system.toggleFullScreen());
+  EXPECT_TRUE(setup("One").fullScreen);
+  EXPECT_FALSE(setup("Two").fullScreen);
+  EXPECT_TRUE(desktop.input().keysDown().empty());
+  ASSERT_EQ(desktop.actionLog().size(), 1u);
+  const auto& entry = desktop.actionLog()[0];
+  EXPECT_EQ(entry["kind"], "keys");
+  EXPECT_EQ(entry["source"], 1);
+  EXPECT_EQ(entry["tap"], 0);
+  EXPECT_EQ(entry["events"], (nlohmann::json{
+                                 {{"keyCode", 63}, {"flags", 0x800000}, {"down", true}},
+                                 {{"keyCode", 3}, {"flags", 0x800000}, {"down", true}},
+                                 {{"keyCode", 3}, {"flags", 0x800000}, {"down", false}},
+                                 {{"keyCode", 63}, {"flags", 0}, {"down", false}},
+                             }));
+
+  system.toggleFullScreen();
+  EXPECT_FALSE(setup("One").fullScreen);
+  EXPECT_EQ(desktop.calls()["systemCommands.toggleFullScreen"], 2);
+  EXPECT_EQ(desktop.calls()["input.postKeyEvents"], 0) << "the model posted no keys itself";
+}
+
+TEST_F(SimCommands, TheCloseCommandPostsCommandWAndClosesOnlyTheKeyWindow) {
+  EXPECT_TRUE(system.closeFrontWindow());
+  EXPECT_EQ(desktop.findWindow(1, {.title = "One"}), nullptr);
+  EXPECT_TRUE(desktop.findWindow(1, {.title = "Two"}));
+  EXPECT_TRUE(desktop.findWindow(2, {.title = "Inbox"}));
+  ASSERT_EQ(desktop.actionLog().size(), 1u);
+  EXPECT_EQ(desktop.actionLog()[0]["events"],
+            (nlohmann::json{{{"keyCode", 13}, {"flags", 0x100000}, {"down", true}},
+                            {{"keyCode", 13}, {"flags", 0x100000}, {"down", false}}}));
+}
+
+TEST_F(SimCommands, ACommandWhoseKeystrokeCannotBeMadeDoesNothing) {
+  desktop.input().setEventCreationFails(true);
+  EXPECT_FALSE(system.toggleFullScreen());
+  EXPECT_FALSE(system.closeFrontWindow());
+  EXPECT_FALSE(setup("One").fullScreen);
   EXPECT_TRUE(desktop.findWindow(1, {.title = "One"}));
   EXPECT_TRUE(desktop.actionLog().empty());
 }

@@ -171,11 +171,14 @@ TEST_F(IconCache, ClearingForgetsIconsAndMetadataAndDeletesEveryFile) {
   sim.scan(10);
   ASSERT_FALSE(model.discovery.appMetadataCache.empty());
   writeBytes(folder() + "/stray.bin", 10);
+  model.refreshRunningApps({.publish = true});
+  ASSERT_EQ(model.discovery.axObserversByPID.count(10), 1u);
 
   model.clearIconCaches();
   EXPECT_TRUE(model.appIconCache.empty());
   EXPECT_TRUE(model.discovery.appMetadataCache.empty());
   EXPECT_TRUE(model.discovery.axApplicationWindowCache.empty());
+  EXPECT_TRUE(model.discovery.axObserversByPID.empty());
   EXPECT_TRUE(fs::is_empty(folder()));
 
   // The next scan builds the icon again.

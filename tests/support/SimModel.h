@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "app/RuntimeIssues.h"
 #include "model/AppModel.h"
 #include "platform/sim/SimDesktop.h"
 
@@ -31,7 +32,10 @@ inline sim::AppSetup app(Pid pid, std::string name, std::vector<sim::WindowSetup
 // arrange the defaults and the desktop first.
 class SimModel {
  public:
+  SimModel() { desktop.setRuntimeIssueLog(&runtimeLog); }
+
   sim::SimDesktop desktop;
+  RuntimeIssueFile runtimeLog{desktop.platform()};
 
   AppModel& model() {
     if (!model_) model_ = AppModel::make(desktop.platform());
@@ -50,8 +54,8 @@ class SimModel {
     }
     return {};
   }
-  std::vector<RunningAppItem> scan(Pid pid, bool hasBadge = false, bool allowCached = false) {
-    return model().scanApplicationWindows(runningApp(pid), hasBadge, allowCached);
+  std::vector<RunningAppItem> scan(Pid pid, WindowScanRequest request = {}) {
+    return model().scanApplicationWindows(runningApp(pid), request);
   }
   Defaults defaults() { return Defaults(*desktop.platform().userDefaults, kTolvBundleIdentifier); }
 

@@ -106,6 +106,29 @@ TEST_F(AutoHideTest, ABottomBarFadesOutAfterTheDelayAndComesBackFromTheEdge) {
   EXPECT_THAT(hiddenCalls, ElementsAre(false, true, false));
 }
 
+TEST_F(AutoHideTest, StatesOpenThenFadingThenHiddenThenOpenFromTheEdge) {
+  build();
+  EXPECT_EQ(autoHide->state(), AutoHideState::Open);
+  loop.advanceTo(0.39);
+  EXPECT_EQ(autoHide->state(), AutoHideState::Open) << "the delay is still running";
+  loop.advanceTo(0.55);
+  EXPECT_EQ(autoHide->state(), AutoHideState::Fading);
+  loop.advanceTo(0.71);
+  EXPECT_EQ(autoHide->state(), AutoHideState::Hidden);
+  pointer.movePointer({700, 0});
+  EXPECT_EQ(autoHide->state(), AutoHideState::Open);
+}
+
+TEST_F(AutoHideTest, StateHoldUntilTheFirstClickThenOpen) {
+  build();
+  autoHide->beginStartupInteractionHold();
+  loop.advance(5);
+  EXPECT_EQ(autoHide->state(), AutoHideState::Hold);
+  pointer.press(PointerButton::Left);
+  loop.runUntilIdle();
+  EXPECT_EQ(autoHide->state(), AutoHideState::Open);
+}
+
 TEST_F(AutoHideTest, AZeroDelayStillWaitsAFewHundredthsOfASecond) {
   model.settings.autoHideDelayMS = 0;
   build();
@@ -351,6 +374,19 @@ TEST_F(TopBarTest, AShowFromTheEdgeRehidesAndLocksTheEdgeOutForAWhile) {
   pointer.movePointer({705, 500});
   atTopEdge(705);
   EXPECT_FALSE(autoHide->panelsAreFullyHidden());
+}
+
+TEST_F(TopBarTest, StatesTopRehideThenLockoutThenHidden) {
+  build();
+  hide();
+  atTopEdge();
+  EXPECT_EQ(autoHide->state(), AutoHideState::TopRehide);
+  loop.advance(1.51);
+  EXPECT_EQ(autoHide->state(), AutoHideState::Lockout);
+  pointer.movePointer({705, 500});
+  EXPECT_EQ(autoHide->state(), AutoHideState::Lockout) << "the wait is still running";
+  loop.advance(0.3);
+  EXPECT_EQ(autoHide->state(), AutoHideState::Hidden);
 }
 
 TEST_F(TopBarTest, MovingIntoTheRealBarKeepsItUnderNormalAutoHide) {

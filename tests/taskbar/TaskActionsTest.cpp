@@ -190,12 +190,12 @@ TEST_F(TaskActions, ActionsOnSubjectsThatAreGoneDoNothing) {
 
 TEST_F(TaskActions, GroupPopupsKeepTheOpenListsAndTheOverflowHold) {
   start("always");
-  model().setGroupPopupShown("auto:1", true, false);
+  model().setGroupPopupShown("auto:1", {.shown = true});
   EXPECT_THAT(model().openGroupedLists.get(), ElementsAre("auto:1"));
   EXPECT_FALSE(model().overflowHeldByGroupPopup.get());
-  model().setGroupPopupShown("auto:2", true, true);
+  model().setGroupPopupShown("auto:2", {.shown = true, .holdsOverflow = true});
   EXPECT_TRUE(model().overflowHeldByGroupPopup.get());
-  model().setGroupPopupShown("auto:2", false, true);
+  model().setGroupPopupShown("auto:2", {.shown = false, .holdsOverflow = true});
   EXPECT_THAT(model().openGroupedLists.get(), ElementsAre("auto:1"));
   EXPECT_FALSE(model().overflowHeldByGroupPopup.get());
 }

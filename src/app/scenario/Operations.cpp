@@ -186,7 +186,8 @@ RunningAppGroup resolveGroup(const AppModel& model, const std::string& id,
   // A group the grouping mode doesn't form now is found among the groups
   // that grouping everything would form.
   for (bool groupAll : {false, true}) {
-    for (const auto& entry : model.taskbarEntries(groupAll, true)) {
+    for (const auto& entry :
+         model.taskbarEntries({.groupAll = groupAll, .includeWorkspaces = true})) {
       if (entry.group && entry.group->id == id) return *entry.group;
     }
   }

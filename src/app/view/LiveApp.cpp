@@ -9,6 +9,7 @@
 #include <cstdlib>
 
 #include "app/AppDelegate.h"
+#include "app/RuntimeIssues.h"
 #include "app/scenario/ScenarioRun.h"
 #include "app/view/AppEventLoop.h"
 #include "app/view/PanelScenarioViews.h"
@@ -95,6 +96,8 @@ int runLiveDesktop(int& argc, char** argv, std::optional<LiveScenarioOptions> li
     std::fprintf(stderr, "tolv: the X display %s can't be opened\n", std::getenv("DISPLAY"));
     return 1;
   }
+  RuntimeIssueFile runtimeLog(desktop->platform());
+  desktop->setRuntimeIssueLog(&runtimeLog);
   DockPanels docks(desktop->connection());
   PanelScenarioViews views;
   if (liveScenario) return runScenario(desktop->platform(), views, std::move(*liveScenario));

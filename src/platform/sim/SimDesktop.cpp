@@ -15,6 +15,7 @@
 #include "platform/sim/SimPointer.h"
 #include "platform/sim/SimProcesses.h"
 #include "platform/sim/SimScreens.h"
+#include "platform/sim/SimSystemCommands.h"
 #include "platform/sim/SimTray.h"
 #include "platform/sim/SimUserDefaults.h"
 #include "platform/sim/SimWindowServer.h"
@@ -38,7 +39,8 @@ SimDesktop::SimDesktop()
       dock_(std::make_unique<SimDock>(*this, calls_)),
       power_(std::make_unique<SimPower>(calls_)),
       audio_(std::make_unique<SimAudio>(calls_)),
-      brightness_(std::make_unique<SimBrightness>(calls_)) {
+      brightness_(std::make_unique<SimBrightness>(calls_)),
+      systemCommands_(std::make_unique<SimSystemCommands>(*input_, calls_)) {
   alerts_ = std::make_unique<SimAlerts>(screens_.get());
   std::string pattern = (std::filesystem::temp_directory_path() / "tolv-sim-XXXXXX").string();
   if (::mkdtemp(pattern.data())) supportFolder_ = pattern + "/Tolv";
@@ -82,6 +84,8 @@ Platform SimDesktop::platform() {
   platform.power = power_.get();
   platform.audio = audio_.get();
   platform.brightness = brightness_.get();
+  platform.systemCommands = systemCommands_.get();
+  platform.runtimeIssueLog = runtimeIssueLog_;
   return platform;
 }
 

@@ -118,6 +118,7 @@ class SimDock;
 class SimPower;
 class SimAudio;
 class SimBrightness;
+class SimSystemCommands;
 
 // A macOS-like desktop in memory: applications, windows, their accessibility
 // elements and the window server's view of them, user defaults and a virtual
@@ -152,6 +153,9 @@ class SimDesktop {
   SimPower& power() { return *power_; }
   SimAudio& audio() { return *audio_; }
   SimBrightness& brightness() { return *brightness_; }
+  SimSystemCommands& systemCommands() { return *systemCommands_; }
+  // The application's runtime log, handed on in platform().
+  void setRuntimeIssueLog(RuntimeIssueLog* log) { runtimeIssueLog_ = log; }
   NotificationCenter& notificationCenter() { return notificationCenter_; }
   NotificationCenter& distributedNotificationCenter() { return distributedCenter_; }
   // A temporary folder that stands for Application Support/Tolv; removed with the desktop.
@@ -289,6 +293,8 @@ class SimDesktop {
   std::unique_ptr<SimPower> power_;
   std::unique_ptr<SimAudio> audio_;
   std::unique_ptr<SimBrightness> brightness_;
+  std::unique_ptr<SimSystemCommands> systemCommands_;
+  RuntimeIssueLog* runtimeIssueLog_ = nullptr;
   std::unique_ptr<FileSystem> fileSystem_;
   NotificationCenter notificationCenter_;
   NotificationCenter distributedCenter_;

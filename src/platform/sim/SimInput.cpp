@@ -15,6 +15,10 @@ nlohmann::json jsonOf(const KeyEvent& event) {
 bool SimInput::postKeyEvents(EventSourceState source, EventTap tap,
                              const std::vector<KeyEvent>& events) {
   calls_.count("input.postKeyEvents");
+  return post(source, tap, events);
+}
+
+bool SimInput::post(EventSourceState source, EventTap tap, const std::vector<KeyEvent>& events) {
   if (eventCreationFails_) return false;
   nlohmann::json posted = nlohmann::json::array();
   for (const KeyEvent& event : events)

@@ -23,8 +23,12 @@ class X11Clients {
   const std::vector<xcb_window_t>& windows() const { return windows_; }
   std::optional<Pid> pidOf(xcb_window_t window) const;
   bool isManaged(xcb_window_t window) const { return pids_.count(window) > 0; }
-  // Whether a window is one a taskbar shows: not skip-taskbar, of a normal or
-  // dialog type (or none).
+  // Whether a window is an application's window as macOS would list it in
+  // AXWindows. The backend filters only what X11 itself marks as no
+  // application window: override-redirect windows (never in the client list),
+  // window types other than normal and dialog (docks, desktops, toolbars, menus,
+  // utilities, splashes) and windows that ask to skip the taskbar. Which of
+  // the listed windows become tasks is the scan's decision (becomesTask).
   bool isTaskWindow(xcb_window_t window);
   bool isNormalOrDialog(xcb_window_t window);
   // Windows of one process that a taskbar shows, in the window manager's order.

@@ -1,6 +1,5 @@
 #include "platform/x11/X11Platform.h"
 
-#include "app/RuntimeIssues.h"
 #include "platform/posix/PosixFileSystem.h"
 #include "platform/posix/PosixProcesses.h"
 #include "platform/qt/QtAlerts.h"
@@ -19,6 +18,7 @@
 #include "platform/x11/X11Input.h"
 #include "platform/x11/X11Pointer.h"
 #include "platform/x11/X11Screens.h"
+#include "platform/x11/X11SystemCommands.h"
 #include "platform/x11/X11WindowActions.h"
 #include "platform/x11/X11WindowServer.h"
 #include "platform/x11/X11Workspace.h"
@@ -40,6 +40,7 @@ struct X11Platform::Services {
   std::unique_ptr<X11Pointer> pointer;
   std::unique_ptr<X11HotKeys> hotKeys;
   std::unique_ptr<X11Input> input;
+  std::unique_ptr<X11SystemCommands> systemCommands;
   std::unique_ptr<qt::QtAlerts> alerts;
   std::unique_ptr<PosixProcesses> processes;
   std::unique_ptr<LauncherBadges> badges;
@@ -74,7 +75,8 @@ std::unique_ptr<X11Platform> X11Platform::open(const std::string& display, std::
   s.windowServer = std::make_unique<X11WindowServer>(x, *bundle->clients_);
   s.pointer = std::make_unique<X11Pointer>(x, *s.screens);
   s.hotKeys = std::make_unique<X11HotKeys>(x);
-  s.input = std::make_unique<X11Input>(x, *bundle->clients_, *s.windowActions);
+  s.input = std::make_unique<X11Input>(x);
+  s.systemCommands = std::make_unique<X11SystemCommands>(*bundle->clients_, *s.windowActions);
   s.alerts = std::make_unique<qt::QtAlerts>();
   s.processes = std::make_unique<PosixProcesses>(s.workspace->mainBundle().identifier.value_or(""));
   s.badges = std::make_unique<LauncherBadges>(x, *bundle->clients_, DesktopEntries());
@@ -101,16 +103,16 @@ std::unique_ptr<X11Platform> X11Platform::open(const std::string& display, std::
   p.power = s.power.get();
   p.audio = s.audio.get();
   p.brightness = s.brightness.get();
+  p.systemCommands = s.systemCommands.get();
 
-  // A defaults file that can't be read is noted in the runtime log, which needs
-  // the rest of the platform; the defaults come last for that reason.
+  // A defaults file that can't be read is noted in the runtime log, which the
+  // application gives the platform after it is made; the note is only written,
+  // not announced, since announcing goes through the defaults being read.
   s.userDefaults = std::make_unique<PlistUserDefaults>(
       *s.fileSystem, configFolder.empty() ? x11::configFolder() : std::move(configFolder),
       [clock = &s.clock] { return clock->secondsSince1970(); },
       [platform = &bundle->platform_](const std::string& title, const std::string& detail) {
-        Platform withoutDefaults = *platform;
-        withoutDefaults.userDefaults = nullptr;
-        recordRuntimeIssue(withoutDefaults, title, detail, false, false);
+        if (platform->runtimeIssueLog) platform->runtimeIssueLog->record({title, detail});
       });
   p.userDefaults = s.userDefaults.get();
   return bundle;

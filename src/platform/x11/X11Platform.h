@@ -25,6 +25,9 @@ class X11Platform {
   X11Platform& operator=(const X11Platform&) = delete;
 
   Platform platform() const { return platform_; }
+  // The application's runtime log, handed on in platform(); a defaults file
+  // that can't be read is noted there.
+  void setRuntimeIssueLog(RuntimeIssueLog* log) { platform_.runtimeIssueLog = log; }
   X11Connection& connection() { return *connection_; }
   X11Clients& clients() { return *clients_; }
 

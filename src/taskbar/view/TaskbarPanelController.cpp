@@ -93,7 +93,8 @@ std::optional<TabClickReport> TaskbarPanelController::click(Point designPoint, M
       openGroupPopup_ = hit->entry->id;
       // A popup of an overflow card of a top bar keeps the cards open.
       openGroupPopupHoldsOverflow_ = hit->tab->row != 0 && isTopEdge(panels_->location());
-      model_.setGroupPopupShown(*openGroupPopup_, true, openGroupPopupHoldsOverflow_);
+      model_.setGroupPopupShown(*openGroupPopup_,
+                                {.shown = true, .holdsOverflow = openGroupPopupHoldsOverflow_});
       showGroupPopup(*hit->panel, *hit->tab, *hit->entry->group);
       break;
     case ClickResult::ToggleWorkspacePanel:
@@ -125,7 +126,8 @@ void TaskbarPanelController::closeGroupPopup() {
     popupWindow_.release()->deleteLater();
   }
   if (!openGroupPopup_) return;
-  model_.setGroupPopupShown(*openGroupPopup_, false, openGroupPopupHoldsOverflow_);
+  model_.setGroupPopupShown(*openGroupPopup_,
+                            {.shown = false, .holdsOverflow = openGroupPopupHoldsOverflow_});
   openGroupPopup_.reset();
 }
 

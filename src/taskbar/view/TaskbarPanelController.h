@@ -9,9 +9,9 @@
 
 #include <nlohmann/json.hpp>
 
-#include "app/AppControllers.h"
 #include "taskbar/AutoHide.h"
 #include "taskbar/TabClicks.h"
+#include "taskbar/TaskbarController.h"
 #include "taskbar/TaskbarPanels.h"
 #include "taskbar/WorkspacePopup.h"
 

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "LiveDesktop.h"
-#include "arrangement/KeySequences.h"
 #include "model/AppModel.h"
 #include "platform/x11/X11Connection.h"
 
@@ -136,26 +135,34 @@ TEST_F(LiveCommands, PositionAndSizeWritesPlaceTheFrame) {
   EXPECT_EQ(ax.setAttribute(element, ax::Title, std::string("x")), AXError::AttributeUnsupported);
 }
 
-TEST_F(LiveCommands, TheFullScreenKeysToggleTheActiveWindow) {
+TEST_F(LiveCommands, FullScreenOfATaskBringsItsWindowForwardAndFillsTheScreen) {
+  openTwoTerminals();
+  const xcb_window_t window = windowTitled("Tolv Alpha");
+  model->toggleFullScreen(*task("Tolv Alpha"));
+  ASSERT_TRUE(waitUntil([&] { return activeWindow() == window; }));
+  EXPECT_TRUE(waitUntil([&] {
+    return desktop->connection().hasAtom(window, "_NET_WM_STATE", "_NET_WM_STATE_FULLSCREEN");
+  }));
+  EXPECT_FALSE(desktop->connection().hasAtom(windowTitled("Tolv Beta"), "_NET_WM_STATE",
+                                             "_NET_WM_STATE_FULLSCREEN"));
+}
+
+TEST_F(LiveCommands, TheFullScreenCommandTogglesTheActiveWindow) {
   openTwoTerminals();
   const xcb_window_t window = windowTitled("Tolv Beta");
   auto fullScreen = [&] {
     return desktop->connection().hasAtom(window, "_NET_WM_STATE", "_NET_WM_STATE_FULLSCREEN");
   };
-  Input& input = *desktop->platform().input;
-  ASSERT_TRUE(
-      input.postKeyEvents(EventSourceState::HIDSystem, EventTap::HID, fullScreenToggleKeys()));
+  SystemCommands& system = *desktop->platform().systemCommands;
+  ASSERT_TRUE(system.toggleFullScreen());
   ASSERT_TRUE(waitUntil(fullScreen));
-  ASSERT_TRUE(
-      input.postKeyEvents(EventSourceState::HIDSystem, EventTap::HID, fullScreenToggleKeys()));
+  ASSERT_TRUE(system.toggleFullScreen());
   EXPECT_TRUE(waitUntil([&] { return !fullScreen(); }));
 }
 
-TEST_F(LiveCommands, CommandWClosesTheActiveWindow) {
+TEST_F(LiveCommands, TheCloseCommandClosesTheActiveWindow) {
   openTwoTerminals();
-  ASSERT_TRUE(desktop->platform().input->postKeyEvents(
-      EventSourceState::HIDSystem, EventTap::HID,
-      {{posted_key::W, event_flag::Command, true}, {posted_key::W, 0, false}}));
+  ASSERT_TRUE(desktop->platform().systemCommands->closeFrontWindow());
   ASSERT_TRUE(waitUntil([&] { return windowTitled("Tolv Beta") == XCB_WINDOW_NONE; }));
   EXPECT_NE(windowTitled("Tolv Alpha"), XCB_WINDOW_NONE);
 }

@@ -62,9 +62,16 @@ void LiveDesktopTest::SetUp() {
                                    before ? std::optional<std::string>(before) : std::nullopt);
     ::setenv(name, value.c_str(), 1);
   }
-  desktop = X11Platform::open({}, configFolder, dataFolder);
+  openDesktop();
   ::setenv("XDG_RUNTIME_DIR", privateFolder("runtime").c_str(), 1);
   ASSERT_NE(desktop, nullptr) << "the display " << fixtureDisplay() << " can't be opened";
+}
+
+void LiveDesktopTest::openDesktop() {
+  desktop = X11Platform::open({}, configFolder, dataFolder);
+  if (!desktop) return;
+  runtimeLog_ = std::make_unique<RuntimeIssueFile>(desktop->platform());
+  desktop->setRuntimeIssueLog(runtimeLog_.get());
 }
 
 void LiveDesktopTest::TearDown() {

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "app/RuntimeIssues.h"
 #include "platform/Pid.h"
 #include "platform/x11/X11Clients.h"
 #include "platform/x11/X11Platform.h"
@@ -39,12 +40,15 @@ class LiveDesktopTest : public ::testing::Test {
   void terminate(Pid pid);
   // Spins the event loop until `done` holds or `seconds` passed; whether it held.
   bool waitUntil(const std::function<bool()>& done, double seconds = 15.0);
+  // Opens `desktop` over the test's folders, with the runtime log the program gives it.
+  void openDesktop();
 
   std::unique_ptr<X11Platform> desktop;
   std::string configFolder;
   std::string dataFolder;
 
  private:
+  std::unique_ptr<RuntimeIssueFile> runtimeLog_;
   std::vector<Pid> children_;
   std::string scratch_;
   std::vector<std::pair<std::string, std::optional<std::string>>> savedEnvironment_;

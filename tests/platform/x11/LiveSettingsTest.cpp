@@ -23,7 +23,7 @@ class LiveSettings : public LiveDesktopTest {
   }
 
   AppModel& startLifetime() {
-    if (!desktop) desktop = X11Platform::open({}, configFolder, dataFolder);
+    if (!desktop) openDesktop();
     model = AppModel::make(desktop->platform());
     model->start();
     return *model;

@@ -14,7 +14,12 @@ const OperationRegistration kRefreshOps{{
       {"allowCacheSkip", K::Flag},
       {"onlyIfDirty", K::Flag},
       {"publish", K::Flag}},
-     [](AppModel& m, A a) { m.refreshRunningApps(a.flag(0), a.flag(1), a.flag(2), a.flag(3)); }},
+     [](AppModel& m, A a) {
+       m.refreshRunningApps({.forceBadgeScan = a.flag(0),
+                             .allowCacheSkip = a.flag(1),
+                             .onlyIfDirty = a.flag(2),
+                             .publish = a.flag(3)});
+     }},
     {"publishScannedApps", {}, [](AppModel& m, A) { m.publishScannedApps(); }},
     {"setTaskbarHidden",
      {{"hidden", K::Flag}},
