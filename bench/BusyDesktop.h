@@ -30,4 +30,14 @@ inline std::vector<sim::AppSetup> busyDesktop() {
   return apps;
 }
 
+// Four desktops and two full-screen spaces, the first desktop current.
+inline std::vector<sim::SpaceSetup> busySpaces() {
+  std::vector<sim::SpaceSetup> spaces;
+  for (int d = 1; d <= 4; ++d)
+    spaces.push_back({.uuid = "D" + std::to_string(d), .current = d == 1});
+  spaces.push_back({.uuid = "FS1", .type = 4, .pid = kFirstBusyPid + 1});
+  spaces.push_back({.uuid = "FS2", .type = 4, .tileApps = {"App 2", "App 3"}});
+  return spaces;
+}
+
 }  // namespace tolv::bench

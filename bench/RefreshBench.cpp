@@ -1,7 +1,8 @@
 // The cost of one scan tick of the refresh pipeline on a busy desktop, 20
-// applications with 10 windows each: quiet, with one application dirty, and a
-// full refresh. Counters give the platform calls per tick by service, and the
-// accessibility calls that reached applications other than the dirty one.
+// applications with 10 windows each on six spaces: quiet, with one application
+// dirty, a full refresh, and a workspace pass after a change of space. Counters
+// give the platform calls per tick by service, and the accessibility calls that
+// reached applications other than the dirty one.
 
 #include <benchmark/benchmark.h>
 
@@ -12,6 +13,7 @@
 namespace {
 
 using tolv::bench::busyDesktop;
+using tolv::bench::busySpaces;
 using tolv::bench::kBusyApplications;
 using tolv::bench::kFirstBusyPid;
 using tolv::sim::SimDesktop;
@@ -23,6 +25,7 @@ struct StartedDesktop {
   std::shared_ptr<tolv::AppModel> model;
 
   StartedDesktop() {
+    desktop.setSpaces(busySpaces());
     desktop.populate(busyDesktop());
     model = tolv::AppModel::make(desktop.platform());
     model->start();
@@ -49,6 +52,7 @@ void reportCalls(benchmark::State& state, StartedDesktop& started, int64_t other
       perTick(calls["accessibility.copyAttribute"] + calls["accessibility.copyMultipleAttributes"]);
   state.counters["window_server_calls"] = perTick(calls.service("windowServer"));
   state.counters["workspace_calls"] = perTick(calls.service("workspace"));
+  state.counters["spaces_calls"] = perTick(calls.service("spaces"));
   state.counters["ax_calls_other_apps"] =
       perTick(started.callsOutside(kDirtyPid) - otherAppsBefore);
 }
@@ -89,5 +93,20 @@ void BM_FullRefresh(benchmark::State& state) {
   reportCalls(state, started, otherApps);
 }
 BENCHMARK(BM_FullRefresh);
+
+// The user went to another desktop: one pass reads the listing and brings the
+// workspace tasks and their tables up to date.
+void BM_WorkspacePassAfterSpaceChange(benchmark::State& state) {
+  StartedDesktop started;
+  int64_t otherApps = started.callsOutside(kDirtyPid);
+  bool second = false;
+  for (auto _ : state) {
+    second = !second;
+    started.desktop.switchSpace(second ? "D2" : "D1");
+    started.model->pollManagedWorkspaces();
+  }
+  reportCalls(state, started, otherApps);
+}
+BENCHMARK(BM_WorkspacePassAfterSpaceChange);
 
 }  // namespace

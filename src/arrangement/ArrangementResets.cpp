@@ -24,10 +24,16 @@ void AppModel::resetTaskbarArrangement() {
   forcedParentGroupPIDs.clear();
   liveTabColors.clear();
   manualLiveColorIDs.clear();
+  taskWidthOverrides = std::map<std::string, double>{};
+  taskbarLockedMainWindowIDs.clear();
+  taskbarOverflowReturnLocked = false;
+  workspaces.workspaceTaskbarStateTables.clear();
+  workspaces.pendingWorkspaceTaskbarRestoreID.reset();
   defaults().remove("taskOrder");
   defaults().remove("restartWorkspaceBackup");
+  persistSetting("forcedUngroupedWindows");
   saveGroupState();
-  refreshRunningApps({.forceBadgeScan = true, .publish = true});
+  resyncTaskbarOnDesktop();
 }
 
 }  // namespace tolv

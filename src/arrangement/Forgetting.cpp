@@ -13,6 +13,7 @@ void AppModel::forgetTasksOfProcess(Pid pid) {
     if (item.processIdentifier == pid) doomed.insert(item.id);
   }
   if (!doomed.empty()) forgetTasks(doomed);
+  saveWorkspaceTaskbarState();
 }
 
 void AppModel::forgetTasks(const std::set<std::string>& taskIDs) {

@@ -100,7 +100,7 @@ void AppModel::runWindowScanTick() {
     saveWorkspaceColors();
     saveWorkspaceTaskbarState();
   }
-  refreshManagedWorkspaces();
+  pollManagedWorkspaces();
   if (!isOffDesktopWorkspace()) refreshRunningApps({.allowCacheSkip = true, .onlyIfDirty = true});
 }
 

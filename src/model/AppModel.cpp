@@ -12,6 +12,7 @@ AppModel::AppModel(const Platform& platform)
     : platform_(platform), defaults_(*platform.userDefaults, kTolvBundleIdentifier) {
   accessibilityTrusted.set(platform_.accessibility->isProcessTrusted());
   loadSettings(settings, defaults_);
+  readRestartWorkspaceBackup();
   loadIconCache();
   ownApplicationIcon();
 }

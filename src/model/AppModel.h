@@ -21,6 +21,7 @@
 #include "model/Settings.h"
 #include "platform/Platform.h"
 #include "taskbar/GroupPopupState.h"
+#include "workspaces/WorkspaceState.h"
 
 namespace tolv {
 
@@ -328,26 +329,66 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   // colours at once; the order and the group state are written.
   void forgetTasks(const std::set<std::string>& taskIDs);
 
-  // ---- Workspaces (workspaces/) ------------------------------------------------------------
-  // The Mission Control spaces of the main display as tasks.
+  // ---- Workspaces: space discovery (workspaces/) ---------------------------------------------
+  // The Mission Control spaces of the main display as tasks, in the window server's order.
   Published<std::vector<ManagedWorkspaceTask>> managedWorkspaceTasks;
   // A jump that waits for a desktop scan cycle to end.
   std::optional<std::string> pendingWorkspaceSwitchID;
+  // Titles, assigned names, saved arrangements and colours by workspace id.
+  WorkspaceState workspaces;
   // The first task with isCurrent set.
   std::optional<ManagedWorkspaceTask> currentWorkspaceTask() const;
+  std::optional<ManagedWorkspaceTask> firstDesktopWorkspaceTask() const;
   // Behaviour "desktop" while the current space isn't a desktop: the bar keeps
   // the desktop's tasks and neither scans nor publishes.
   bool isOffDesktopWorkspace() const;
+  // The main display's spaces as the window server lists them; nothing when
+  // the listing is missing or malformed.
+  std::optional<std::vector<ManagedWorkspaceTask>> readManagedSpaces();
+  // Reads the spaces and keeps everything keyed by a workspace id in step.
+  void refreshManagedWorkspaces();
+  // The periodic pass: refreshManagedWorkspaces once the listing may have
+  // changed since the last pass read it, so a quiet tick costs nothing.
+  void pollManagedWorkspaces();
+  // The custom title, else the assigned name, else "Desktop WS1" or name + " WS1".
+  std::string workspaceDisplayTitle(const ManagedWorkspaceTask& task) const;
+  // The application a full-screen space is named after, when it runs.
+  std::optional<RunningApplication> workspaceApplication(const ManagedWorkspaceTask& task) const;
   // A workspace task as an item of the task lists.
   RunningAppItem workspaceItem(const ManagedWorkspaceTask& task) const;
-  void refreshManagedWorkspaces();
+  // The window numbers in the task's space; nothing when they can't be had.
+  std::optional<std::set<uint32_t>> windowNumbersInSpace(const ManagedWorkspaceTask& task);
+  // Windows that moved to new full-screen spaces lose their tabs (behaviour "desktop").
+  void detachFullScreenWindows(const std::vector<ManagedWorkspaceTask>& added);
+  // Behaviour "desktop": every space that isn't a desktop is hosted by the first desktop.
+  void placeWorkspaceTasksOnDesktop();
+  // The raw jump, as a swipe of as many spaces as lie between.
+  void performWorkspaceSwitch(const ManagedWorkspaceTask& task);
+  void noteRecentWorkspace(const ManagedWorkspaceTask& task);
+  // Opens the system's overview of the desktops.
+  void openMissionControl();
+
+  // ---- Workspaces: per-workspace taskbar state (workspaces/) ------------------------------
   void saveWorkspaceTaskbarState();
   void saveWorkspaceColors();
+  // Steps of a publishing refresh: bring back the arrangement and the colours of
+  // a workspace that has just come on screen.
   void restoreWorkspaceTaskbarState(std::vector<RunningAppItem>& items);
   void restoreWorkspaceColors(const std::vector<RunningAppItem>& items);
-  void continuePendingSwitch();
+  // Stores both tables for the next start, before a controlled restart.
+  void writeRestartWorkspaceBackup();
+  // At start: takes the tables a controlled restart left and removes the key.
+  void readRestartWorkspaceBackup();
   // The one way to jump to a space.
   void requestWorkspaceSwitch(const ManagedWorkspaceTask& task);
+  void continuePendingSwitch();
+  // A click on a workspace task: with behaviour "desktop", through the desktop.
+  void activateWorkspaceTask(const ManagedWorkspaceTask& task);
+  void placeWorkspaceTaskOnDesktop(const ManagedWorkspaceTask& task,
+                                   const ManagedWorkspaceTask& host);
+  // The manual refresh: a full scan on the desktop, and back.
+  void resyncTaskbarOnDesktop();
+  void setWorkspaceTaskbarBehavior(const std::string& value);
 
   // ---- Switcher: what the bar keeps for it ------------------------------------------------
   // Tasks and groups the user put first in the switcher; pruned with the task list.

@@ -8,9 +8,11 @@ namespace {
 
 using OrderedJson = nlohmann::ordered_json;
 
+}  // namespace
+
 // The platform's standard encoder writes "/" as "\/"; a slash can only occur
 // inside a string of the output, so escaping every one is exact.
-JsonBytes bytesOf(const OrderedJson& json) {
+JsonBytes standardJsonBytes(const OrderedJson& json) {
   std::string text = json.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
   JsonBytes bytes;
   bytes.reserve(text.size());
@@ -20,6 +22,8 @@ JsonBytes bytesOf(const OrderedJson& json) {
   }
   return bytes;
 }
+
+namespace {
 
 std::optional<nlohmann::json> parseArray(const JsonBytes& data) {
   auto json = nlohmann::json::parse(data.begin(), data.end(), nullptr, false);
@@ -60,7 +64,7 @@ JsonBytes encodeStartFavorites(const std::vector<StartFavorite>& favorites) {
     if (favorite.bundleIdentifier) object["bundleIdentifier"] = *favorite.bundleIdentifier;
     array.push_back(std::move(object));
   }
-  return bytesOf(array);
+  return standardJsonBytes(array);
 }
 
 std::optional<std::vector<StartFavorite>> decodeStartFavorites(const JsonBytes& data) {
@@ -91,7 +95,7 @@ JsonBytes encodeCustomWebLaunchers(const std::vector<CustomWebLauncher>& launche
     object["glyph"] = launcher.glyph;
     array.push_back(std::move(object));
   }
-  return bytesOf(array);
+  return standardJsonBytes(array);
 }
 
 std::optional<std::vector<CustomWebLauncher>> decodeCustomWebLaunchers(const JsonBytes& data) {

@@ -4,11 +4,16 @@
 #include <optional>
 #include <vector>
 
+#include <nlohmann/json.hpp>
+
 #include "model/Records.h"
 
 namespace tolv {
 
 using JsonBytes = std::vector<uint8_t>;
+
+// Compact JSON as the platform's standard encoder writes it, "/" as "\/".
+JsonBytes standardJsonBytes(const nlohmann::ordered_json& json);
 
 // The stored JSON forms: an array of objects with the keys in declaration order,
 // compact, slashes escaped, an absent optional left out. Decoding fails as a

@@ -13,6 +13,7 @@
 #include "platform/RunLoop.h"
 #include "platform/RuntimeIssueLog.h"
 #include "platform/Screens.h"
+#include "platform/Spaces.h"
 #include "platform/SystemCommands.h"
 #include "platform/UserDefaults.h"
 #include "platform/WindowServer.h"
@@ -44,6 +45,8 @@ struct Platform {
   SystemCommands* systemCommands = nullptr;
   // The application's log of internal faults; the application sets it.
   RuntimeIssueLog* runtimeIssueLog = nullptr;
+  // The window server's spaces; may be absent, and then one desktop stands in.
+  Spaces* spaces = nullptr;
 };
 
 }  // namespace tolv

@@ -248,7 +248,19 @@ bool performMenuAction(AppModel& model, const MenuAction& action) {
       model.requestWorkspaceSwitch(*workspace);
       return true;
     }
-    case MenuCommand::ActivateWorkspaceTask:
+    case MenuCommand::ActivateWorkspaceTask: {
+      auto workspace = findWorkspace(model, action.subject);
+      if (!workspace) return false;
+      model.activateWorkspaceTask(*workspace);
+      return true;
+    }
+    case MenuCommand::SetWorkspaceTaskbarBehavior:
+      if (!action.text) return false;
+      model.setWorkspaceTaskbarBehavior(*action.text);
+      return true;
+    case MenuCommand::ResyncTaskbarOnDesktop:
+      model.resyncTaskbarOnDesktop();
+      return true;
     case MenuCommand::ArmResize:
     case MenuCommand::AddStartFavorite:
     case MenuCommand::OpenColorSettings:
@@ -259,8 +271,6 @@ bool performMenuAction(AppModel& model, const MenuAction& action) {
     case MenuCommand::ConfirmCloseWorkspace:
     case MenuCommand::EditWorkspaceTitle:
     case MenuCommand::ForcePlacement:
-    case MenuCommand::SetWorkspaceTaskbarBehavior:
-    case MenuCommand::ResyncTaskbarOnDesktop:
     case MenuCommand::OpenWorkspacePanel:
     case MenuCommand::ConfirmQuitAllApplications:
       return false;

@@ -1,6 +1,8 @@
 #include "app/scenario/DesktopSetup.h"
 
 #include "app/scenario/PropertyJson.h"
+#include "model/AppModel.h"
+#include "model/SettingsCatalogue.h"
 #include "platform/sim/SimUserDefaults.h"
 
 namespace tolv::scenario {
@@ -132,41 +134,61 @@ std::vector<Screen> readScreens(const Json& screens, const std::string& place) {
   return result;
 }
 
-SpaceSetup readSpace(JsonReader space) {
-  SpaceSetup setup;
+sim::SpaceSetup readSpace(JsonReader space) {
+  sim::SpaceSetup setup;
   setup.display = space.string("display").value_or("Main");
-  setup.uuid = space.requireString("uuid");
+  setup.uuid = space.string("uuid").value_or("");
+  auto unsignedNumber = [&](std::string_view key) -> std::optional<uint64_t> {
+    auto number = space.integer(key);
+    if (number && *number < 0) space.fail(key, "expected a number from 0");
+    if (!number) return std::nullopt;
+    return static_cast<uint64_t>(*number);
+  };
+  setup.id64 = unsignedNumber("id64");
+  setup.managedSpaceID = unsignedNumber("managedSpaceID");
+  if (setup.uuid.empty() && !setup.managedSpaceID) {
+    space.fail("uuid", "a space needs a uuid or a managedSpaceID");
+  }
   setup.type = space.integer("type").value_or(0);
+  setup.name = space.string("name");
+  if (auto pid = space.integer("pid")) setup.pid = static_cast<Pid>(*pid);
+  if (const Json* tiles = space.take("tileApps")) {
+    if (!tiles->is_array()) space.fail("tileApps", "expected a list of application names");
+    for (const auto& tile : *tiles) {
+      if (!tile.is_string()) space.fail("tileApps", "expected a list of application names");
+      setup.tileApps.push_back(tile.get<std::string>());
+    }
+  }
   setup.current = space.flag("current").value_or(false);
   space.finish();
   return setup;
 }
 
-std::map<std::string, PropertyValue> readDefaultsValues(const Json& values,
+std::map<std::string, PropertyValue> readDefaultsValues(const std::string& domain,
+                                                        const Json& values,
                                                         const std::string& place) {
   if (!values.is_object()) {
     throw ScenarioError(place + ": expected an object, found " + describeType(values));
   }
   std::map<std::string, PropertyValue> result;
   for (const auto& [key, value] : values.items()) {
+    const SettingDescriptor* setting = domain == kTolvBundleIdentifier ? findSetting(key) : nullptr;
+    if (setting && setting->type == SettingType::Data && value.is_string()) {
+      const std::string text = value.get<std::string>();
+      result.emplace(key, PropertyValue::Data(text.begin(), text.end()));
+      continue;
+    }
     result.emplace(key, propertyFromJson(value, place + "." + key));
   }
   return result;
 }
 
-std::string DesktopSetup::currentSpace() const {
-  for (const auto& space : spaces) {
-    if (space.current) return space.uuid;
-  }
-  return spaces.empty() ? sim::SimDesktop::kMainSpace : spaces.front().uuid;
-}
-
 std::set<std::string> DesktopSetup::spaceIdentifiers() const {
-  std::set<std::string> uuids;
+  std::set<std::string> keys;
   for (const auto& space : spaces)
-    uuids.insert(space.uuid);
-  if (uuids.empty()) uuids.insert(sim::SimDesktop::kMainSpace);
-  return uuids;
+    keys.insert(space.key());
+  if (keys.empty()) keys.insert(sim::SimDesktop::kMainSpace);
+  return keys;
 }
 
 sim::SimProcessSetup readOtherCopy(JsonReader copy) {
@@ -206,7 +228,7 @@ DesktopSetup readDesktop(JsonReader desktop) {
   if (auto domains = desktop.object("defaults")) {
     const Json& all = desktop.require("defaults");
     for (const auto& [domain, values] : all.items()) {
-      setup.defaults[domain] = readDefaultsValues(values, domains->placeOf(domain));
+      setup.defaults[domain] = readDefaultsValues(domain, values, domains->placeOf(domain));
     }
   }
   if (desktop.has("spaces")) {
@@ -215,8 +237,8 @@ DesktopSetup readDesktop(JsonReader desktop) {
     for (size_t i = 0; i < spaces.size(); ++i) {
       std::string place = indexed(desktop.placeOf("spaces"), i);
       setup.spaces.push_back(readSpace(JsonReader(spaces[i], place)));
-      if (!seen.insert(setup.spaces.back().uuid).second) {
-        throw ScenarioError(place + ".uuid: a second space \"" + setup.spaces.back().uuid + "\"");
+      if (!seen.insert(setup.spaces.back().key()).second) {
+        throw ScenarioError(place + ".uuid: a second space \"" + setup.spaces.back().key() + "\"");
       }
     }
   }
@@ -263,7 +285,7 @@ DesktopSetup readDesktop(JsonReader desktop) {
 void buildDesktop(sim::SimDesktop& desktop, const DesktopSetup& setup) {
   desktop.screens().setScreens(setup.screens);
   desktop.setAccessibilityGranted(setup.accessibility);
-  desktop.setCurrentSpace(setup.currentSpace());
+  desktop.setSpaces(setup.spaces);
   for (const auto& [domain, values] : setup.defaults) {
     for (const auto& [key, value] : values)
       desktop.defaults().setValue(domain, key, value);

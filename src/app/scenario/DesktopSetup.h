@@ -17,13 +17,6 @@ namespace tolv::scenario {
 
 enum class TextMeasure { Fixed, Toolkit };
 
-struct SpaceSetup {
-  std::string display;
-  std::string uuid;
-  int64_t type = 0;
-  bool current = false;
-};
-
 // The desktop a scenario starts from, read and checked before anything runs.
 struct DesktopSetup {
   std::vector<Screen> screens{sim::SimScreens::standardScreen()};
@@ -32,7 +25,7 @@ struct DesktopSetup {
   // Nothing: the run's own default (fixed headless, the toolkit's fonts live).
   std::optional<TextMeasure> textMeasure;
   std::map<std::string, std::map<std::string, PropertyValue>> defaults;
-  std::vector<SpaceSetup> spaces;
+  std::vector<sim::SpaceSetup> spaces;
   std::vector<sim::AppSetup> apps;
   // Present when the Dock runs; its badges by item title.
   std::optional<std::map<std::string, std::string>> dockBadges;
@@ -40,8 +33,7 @@ struct DesktopSetup {
   // it is told to.
   std::vector<sim::SimProcessSetup> otherCopies;
 
-  // The space windows stand on when they name none.
-  std::string currentSpace() const;
+  // The keys windows and events name spaces by: the uuid, else "msid:" + number.
   std::set<std::string> spaceIdentifiers() const;
 };
 
@@ -52,9 +44,11 @@ sim::AppSetup readApp(JsonReader app, const std::set<std::string>& spaces);
 sim::WindowSetup readWindow(JsonReader window, const std::set<std::string>& spaces);
 sim::WindowSelector readSelector(JsonReader selector);
 std::vector<Screen> readScreens(const Json& screens, const std::string& place);
-SpaceSetup readSpace(JsonReader space);
-// One domain's values by key.
-std::map<std::string, PropertyValue> readDefaultsValues(const Json& values,
+sim::SpaceSetup readSpace(JsonReader space);
+// One domain's values by key. A data value of the application's own domain is
+// given as the text a checkpoint prints for it.
+std::map<std::string, PropertyValue> readDefaultsValues(const std::string& domain,
+                                                        const Json& values,
                                                         const std::string& place);
 
 // Gives the simulated desktop everything the setup describes, before the model exists.

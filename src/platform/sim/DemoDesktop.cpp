@@ -5,6 +5,11 @@ namespace tolv::sim {
 const char* demoScenario() {
   return R"json({
   "desktop": {
+    "spaces": [
+      { "uuid": "DESKTOP-1", "current": true },
+      { "uuid": "DESKTOP-2" },
+      { "uuid": "NOTES-FULL-SCREEN", "type": 4, "pid": 503 }
+    ],
     "apps": [
       { "pid": 301, "bundleIdentifier": "com.apple.finder", "name": "Finder",
         "bundleURL": "/System/Library/CoreServices/Finder.app",
@@ -17,13 +22,14 @@ const char* demoScenario() {
         "windows": [ { "title": "Inbox – 3 messages" } ] },
       { "pid": 503, "bundleIdentifier": "com.apple.Notes", "name": "Notes",
         "bundleURL": "/Applications/Notes.app",
-        "windows": [ { "title": "Shopping list" } ] },
+        "windows": [ { "title": "Shopping list" },
+                     { "title": "Recipes", "space": "NOTES-FULL-SCREEN" } ] },
       { "pid": 504, "bundleIdentifier": "com.apple.Terminal", "name": "Terminal",
         "bundleURL": "/Applications/Terminal.app",
         "windows": [ { "title": "~ — zsh — 80×24" }, { "title": "build — make — 120×40" } ] },
       { "pid": 505, "bundleIdentifier": "com.apple.TextEdit", "name": "TextEdit",
         "bundleURL": "/Applications/TextEdit.app",
-        "windows": [ { "title": "Untitled 2.txt" } ] },
+        "windows": [ { "title": "Untitled 2.txt", "space": "DESKTOP-2" } ] },
       { "pid": 506, "bundleIdentifier": "com.example.Clipper", "name": "Clipper",
         "bundleURL": "/Applications/Clipper.app", "policy": "accessory" }
     ]

@@ -15,6 +15,7 @@
 #include "platform/sim/SimPointer.h"
 #include "platform/sim/SimProcesses.h"
 #include "platform/sim/SimScreens.h"
+#include "platform/sim/SimSpaces.h"
 #include "platform/sim/SimSystemCommands.h"
 #include "platform/sim/SimUserDefaults.h"
 #include "platform/sim/SimWindowServer.h"
@@ -35,7 +36,9 @@ SimDesktop::SimDesktop()
       processes_(std::make_unique<SimProcesses>(*runLoop_, calls_, kOwnPid)),
       hotKeys_(std::make_unique<SimHotKeys>(calls_)),
       input_(std::make_unique<SimInput>(*this, calls_)),
-      systemCommands_(std::make_unique<SimSystemCommands>(*input_, calls_)) {
+      spacesService_(std::make_unique<SimSpaces>(*this, calls_)),
+      systemCommands_(std::make_unique<SimSystemCommands>(*this, *input_, calls_)) {
+  setSpaces({});
   alerts_ = std::make_unique<SimAlerts>(screens_.get());
   std::string pattern = (std::filesystem::temp_directory_path() / "tolv-sim-XXXXXX").string();
   if (::mkdtemp(pattern.data())) supportFolder_ = pattern + "/Tolv";
@@ -77,6 +80,7 @@ Platform SimDesktop::platform() {
   platform.input = input_.get();
   platform.systemCommands = systemCommands_.get();
   platform.runtimeIssueLog = runtimeIssueLog_;
+  platform.spaces = spacesService_.get();
   return platform;
 }
 
@@ -104,8 +108,7 @@ std::vector<const SimApp*> SimDesktop::apps() const {
 
 bool SimDesktop::isOnScreen(const SimWindow& window) const {
   const SimApp* owner = app(window.pid);
-  bool onCurrentSpace = window.setup.space.empty() || window.setup.space == currentSpace_;
-  return owner && !owner->setup.hidden && !window.setup.minimized && onCurrentSpace;
+  return owner && !owner->setup.hidden && !window.setup.minimized && isOnCurrentSpace(window);
 }
 
 std::vector<const SimWindow*> SimDesktop::listedWindows(Pid pid) const {
@@ -115,8 +118,7 @@ std::vector<const SimWindow*> SimDesktop::listedWindows(Pid pid) const {
   for (uint64_t id : stacking_) {
     const SimWindow& window = windows_.at(id);
     if (window.pid != pid) continue;
-    if (window.setup.space.empty() || window.setup.space == currentSpace_)
-      result.push_back(&window);
+    if (isOnCurrentSpace(window)) result.push_back(&window);
   }
   return result;
 }
@@ -279,12 +281,6 @@ std::optional<uint64_t> SimDesktop::keyWindow() const {
   return focused->id;
 }
 
-void SimDesktop::toggleFullScreen(uint64_t id) {
-  if (auto found = windows_.find(id); found != windows_.end()) {
-    found->second.setup.fullScreen = !found->second.setup.fullScreen;
-  }
-}
-
 void SimDesktop::logAction(const std::string& kind, nlohmann::json fields) {
   nlohmann::json entry = {{"time", runLoop_->now()}, {"kind", kind}};
   entry.update(fields);
@@ -324,6 +320,7 @@ uint32_t SimDesktop::openWindow(Pid pid, const WindowSetup& setup) {
   window.id = nextWindowId_++;
   window.pid = pid;
   window.setup = setup;
+  if (window.setup.space.empty()) window.setup.space = currentSpace();
   window.number = setup.number ? *setup.number : nextFreeNumber();
   if (window.number != 0) usedNumbers_.insert(window.number);
   window.element = std::make_shared<SimElement>();
@@ -376,7 +373,11 @@ void SimDesktop::removeWindow(uint64_t id) {
   accessibility_->forgetRegistrations(*found->second.element);
   Pid pid = found->second.pid;
   usedNumbers_.erase(found->second.number);
+  // A full-screen window takes its space with it.
+  std::optional<std::string> ownSpace;
+  if (spaceBeforeFullScreen_.erase(id)) ownSpace = found->second.setup.space;
   windows_.erase(found);
+  if (ownSpace) removeSpace(*ownSpace);
   stacking_.erase(std::remove(stacking_.begin(), stacking_.end(), id), stacking_.end());
   if (SimApp* owner = app(pid)) {
     owner->windows.erase(std::remove(owner->windows.begin(), owner->windows.end(), id),
@@ -414,7 +415,10 @@ bool SimDesktop::changeWindow(Pid pid, const WindowSelector& selector, const Win
   if (change.size) setup.size = *change.size;
   if (change.position) setup.position = *change.position;
   if (change.minimized) setup.minimized = *change.minimized;
-  if (change.space) setup.space = *change.space;
+  if (change.space && *change.space != setup.space) {
+    setup.space = *change.space;
+    ++spacesGeneration_;
+  }
   if (change.layer) setup.layer = *change.layer;
   return true;
 }

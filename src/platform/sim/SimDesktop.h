@@ -39,6 +39,25 @@ struct WindowSetup {
   bool fullScreen = false;
 };
 
+// One space as the window server lists it. It is known by its key: the uuid,
+// or "msid:" + its ManagedSpaceID when it has no uuid.
+struct SpaceSetup {
+  std::string display = "Main";
+  std::string uuid;
+  std::optional<uint64_t> id64{};
+  // Numbered after the others when absent.
+  std::optional<uint64_t> managedSpaceID{};
+  // 0 a desktop, 4 a full-screen space.
+  int64_t type = 0;
+  std::optional<std::string> name{};
+  std::optional<Pid> pid{};
+  // The applications of a split-view space, as "TileSpaces" names them.
+  std::vector<std::string> tileApps{};
+  bool current = false;
+
+  std::string key() const;
+};
+
 struct AppSetup {
   Pid pid = 0;
   std::optional<std::string> bundleIdentifier;
@@ -114,6 +133,7 @@ class SimPointer;
 class SimProcesses;
 class SimHotKeys;
 class SimInput;
+class SimSpaces;
 class SimSystemCommands;
 
 // A macOS-like desktop in memory: applications, windows, their accessibility
@@ -145,6 +165,7 @@ class SimDesktop {
   SimProcesses& processes() { return *processes_; }
   SimHotKeys& hotKeys() { return *hotKeys_; }
   SimInput& input() { return *input_; }
+  SimSpaces& spaces() { return *spacesService_; }
   SimSystemCommands& systemCommands() { return *systemCommands_; }
   // The application's runtime log, handed on in platform().
   void setRuntimeIssueLog(RuntimeIssueLog* log) { runtimeIssueLog_ = log; }
@@ -209,8 +230,19 @@ class SimDesktop {
   // The title and the window-server number of a window, as log entries name it.
   nlohmann::json windowFields(uint64_t window) const;
 
-  // The space that windows without one of their own stand on, before anything runs.
-  void setCurrentSpace(std::string space) { currentSpace_ = std::move(space); }
+  // The spaces, before anything runs; none gives one desktop "Main". Windows
+  // without a space of their own stand on the current space of the main display.
+  void setSpaces(std::vector<SpaceSetup> spaces);
+  // What the user does in Mission Control: go to a space, add one, remove one
+  // (its windows move to the first desktop of its display). Each posts the
+  // active-space notification when the current space changed.
+  bool switchSpace(const std::string& key);
+  void addSpace(SpaceSetup space);
+  bool removeSpace(const std::string& key);
+  // What the system does with a Dock swipe of `steps` spaces (negative: to the
+  // left) on the main display: the current space moves that far, stopping at
+  // either end.
+  void swipeSpaces(int steps);
 
   // Faults.
   void setAccessibilityGranted(bool granted) { accessibilityGranted_ = granted; }
@@ -232,7 +264,16 @@ class SimDesktop {
 
   // What the desktop is now.
   bool accessibilityGranted() const { return accessibilityGranted_; }
-  const std::string& currentSpace() const { return currentSpace_; }
+  // The current space of the main display (the one called "Main", else the first).
+  const std::string& currentSpace() const;
+  const std::vector<SpaceSetup>& spaceList() const { return spaceList_; }
+  const std::string& mainDisplay() const;
+  // The space's key as stored for each display.
+  const std::map<std::string, std::string>& currentSpaces() const { return currentSpaces_; }
+  // Grows with every change of the spaces, the current ones or a window's space.
+  uint64_t spacesGeneration() const { return spacesGeneration_; }
+  // The space a window stands on, by key; a space that isn't listed counts as current.
+  bool isOnCurrentSpace(const SimWindow& window) const;
   const SimApp* app(Pid pid) const;
   SimApp* app(Pid pid);
   const SimWindow* window(uint64_t id) const;
@@ -266,6 +307,11 @@ class SimDesktop {
   std::vector<uint64_t> addApp(const AppSetup& setup);
   uint32_t nextFreeNumber();
   uint64_t freshHash() { return nextHash_++; }
+  SpaceSetup* findSpace(const std::string& key);
+  const SpaceSetup* findSpace(const std::string& key) const;
+  // Makes the space current on its display and tells the workspace's observers.
+  void makeSpaceCurrent(const std::string& key);
+  uint64_t nextManagedSpaceID() const;
 
   std::unique_ptr<SimRunLoop> runLoop_;
   std::unique_ptr<SimClock> clock_;
@@ -281,6 +327,7 @@ class SimDesktop {
   std::unique_ptr<SimProcesses> processes_;
   std::unique_ptr<SimHotKeys> hotKeys_;
   std::unique_ptr<SimInput> input_;
+  std::unique_ptr<SimSpaces> spacesService_;
   std::unique_ptr<SimSystemCommands> systemCommands_;
   RuntimeIssueLog* runtimeIssueLog_ = nullptr;
   std::unique_ptr<FileSystem> fileSystem_;
@@ -289,7 +336,12 @@ class SimDesktop {
   std::string supportFolder_;
 
   bool accessibilityGranted_ = true;
-  std::string currentSpace_ = kMainSpace;
+  std::vector<SpaceSetup> spaceList_;
+  // The current space of each display.
+  std::map<std::string, std::string> currentSpaces_;
+  uint64_t spacesGeneration_ = 1;
+  // Where a full-screen window came from, by window id.
+  std::map<uint64_t, std::string> spaceBeforeFullScreen_;
   std::map<Pid, SimApp> apps_;
   std::map<std::string, AppSetup> installed_;
   std::vector<Pid> launchOrder_;

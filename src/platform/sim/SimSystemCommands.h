@@ -4,20 +4,28 @@
 
 namespace tolv::sim {
 
+class SimDesktop;
 class SimInput;
 class CallCounter;
 
 // The system's commands on the simulated desktop, carried out as macOS does
-// them: each posts its keystroke, which the action log shows as a "keys" entry
-// and which the desktop then acts on like any posted key.
+// them: the keystrokes are posted, which the action log shows as "keys"
+// entries and the desktop then acts on like any posted key; each event of a
+// Dock swipe is an "event" entry with its fields by number, and the desktop
+// moves to the space it leads to.
 class SimSystemCommands : public SystemCommands {
  public:
-  SimSystemCommands(SimInput& input, CallCounter& calls) : input_(input), calls_(calls) {}
+  SimSystemCommands(SimDesktop& desktop, SimInput& input, CallCounter& calls)
+      : desktop_(desktop), input_(input), calls_(calls) {}
 
   bool toggleFullScreen() override;
   bool closeFrontWindow() override;
+  bool jumpSpaces(int steps) override;
+  // Logs a "dockNotification" with its name.
+  bool showDesktopOverview() override;
 
  private:
+  SimDesktop& desktop_;
   SimInput& input_;
   CallCounter& calls_;
 };

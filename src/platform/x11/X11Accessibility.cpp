@@ -122,7 +122,7 @@ AXValue X11Accessibility::read(const X11Element& element, std::string_view attri
 AXValue X11Accessibility::readApplication(const X11Element& element, std::string_view attribute) {
   if (attribute == ax::Windows) {
     AXElementList list;
-    for (xcb_window_t window : clients_.taskWindowsOf(element.pid))
+    for (xcb_window_t window : clients_.taskWindowsOnCurrentDesktop(element.pid))
       list.push_back(windowElement(element.pid, window));
     return list;
   }

@@ -2,12 +2,41 @@
 
 #include <algorithm>
 #include <set>
+#include <utility>
+
+#include "platform/x11/EwmhDesktops.h"
 
 namespace tolv::x11 {
 
 X11Clients::X11Clients(X11Connection& connection) : connection_(connection) {
   connection_.addListener([this](const xcb_generic_event_t& event) { handle(event); });
+  readCurrentDesktop();
   refresh();
+}
+
+bool X11Clients::readCurrentDesktop() {
+  auto current = connection_.cardinals(connection_.root(), "_NET_CURRENT_DESKTOP");
+  std::optional<uint32_t> now;
+  if (current && !current->empty()) now = current->front();
+  return std::exchange(currentDesktop_, now) != now;
+}
+
+std::optional<uint32_t> X11Clients::desktopOf(xcb_window_t window) {
+  auto desktop = connection_.cardinals(window, "_NET_WM_DESKTOP");
+  if (!desktop || desktop->empty()) return std::nullopt;
+  return desktop->front();
+}
+
+bool X11Clients::isOnCurrentDesktop(xcb_window_t window) {
+  // A window without a desktop, or a window manager without desktops, shows everywhere.
+  auto desktop = desktopOf(window);
+  return !desktop || *desktop == kAllDesktops || !currentDesktop_ || *desktop == *currentDesktop_;
+}
+
+std::vector<xcb_window_t> X11Clients::taskWindowsOnCurrentDesktop(Pid pid) {
+  std::vector<xcb_window_t> result = taskWindowsOf(pid);
+  std::erase_if(result, [this](xcb_window_t window) { return !isOnCurrentDesktop(window); });
+  return result;
 }
 
 std::optional<Pid> X11Clients::pidOf(xcb_window_t window) const {
@@ -89,6 +118,11 @@ void X11Clients::handle(const xcb_generic_event_t& event) {
       if (notify.atom == connection_.atom("_NET_CLIENT_LIST") ||
           notify.atom == connection_.atom("_NET_ACTIVE_WINDOW")) {
         refresh();
+      } else if (notify.atom == connection_.atom("_NET_CURRENT_DESKTOP")) {
+        desktopsChanged_.emit(readCurrentDesktop());
+      } else if (notify.atom == connection_.atom("_NET_NUMBER_OF_DESKTOPS") ||
+                 notify.atom == connection_.atom("_NET_DESKTOP_NAMES")) {
+        desktopsChanged_.emit(false);
       }
       return;
     }
@@ -98,6 +132,10 @@ void X11Clients::handle(const xcb_generic_event_t& event) {
       titleChanged_.emit(notify.window, found->second);
     } else if (notify.atom == connection_.atom("_NET_WM_STATE")) {
       stateChanged_.emit(notify.window, found->second);
+    } else if (notify.atom == connection_.atom("_NET_WM_DESKTOP")) {
+      // The window left or joined the current desktop: its application's list changed.
+      stateChanged_.emit(notify.window, found->second);
+      desktopsChanged_.emit(false);
     } else if (notify.atom == connection_.atom("_NET_WM_PID")) {
       auto pid = connection_.cardinals(notify.window, "_NET_WM_PID");
       if (pid && !pid->empty()) found->second = static_cast<Pid>(pid->front());

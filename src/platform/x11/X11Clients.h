@@ -33,6 +33,14 @@ class X11Clients {
   bool isNormalOrDialog(xcb_window_t window);
   // Windows of one process that a taskbar shows, in the window manager's order.
   std::vector<xcb_window_t> taskWindowsOf(Pid pid);
+  // The same, of the current desktop and those on every desktop only: what the
+  // application lists as its windows, as an application lists those of the
+  // current space.
+  std::vector<xcb_window_t> taskWindowsOnCurrentDesktop(Pid pid);
+  // The desktop a window stands on (_NET_WM_DESKTOP); kAllDesktops for all.
+  std::optional<uint32_t> desktopOf(xcb_window_t window);
+  bool isOnCurrentDesktop(xcb_window_t window);
+  std::optional<uint32_t> currentDesktop() const { return currentDesktop_; }
   // The processes that have task windows, in the order their first window appears.
   std::vector<Pid> taskPids();
   xcb_window_t activeWindow() const { return active_; }
@@ -44,9 +52,14 @@ class X11Clients {
   Signal<xcb_window_t, Pid>& titleChanged() { return titleChanged_; }
   Signal<xcb_window_t, Pid>& stateChanged() { return stateChanged_; }
   Signal<xcb_window_t, xcb_window_t>& activeChanged() { return activeChanged_; }
+  // The desktops' count, names or the current one changed, or a window moved
+  // to another desktop; `currentChanged` says whether the current one did.
+  Signal<bool>& desktopsChanged() { return desktopsChanged_; }
 
   // Re-reads the list and the active window.
   void refresh();
+  // Re-reads the current desktop; whether it changed.
+  bool readCurrentDesktop();
 
  private:
   void handle(const xcb_generic_event_t& event);
@@ -60,6 +73,8 @@ class X11Clients {
   Signal<xcb_window_t, Pid> titleChanged_;
   Signal<xcb_window_t, Pid> stateChanged_;
   Signal<xcb_window_t, xcb_window_t> activeChanged_;
+  Signal<bool> desktopsChanged_;
+  std::optional<uint32_t> currentDesktop_;
 };
 
 }  // namespace tolv::x11

@@ -15,6 +15,7 @@
 #include "platform/x11/X11Input.h"
 #include "platform/x11/X11Pointer.h"
 #include "platform/x11/X11Screens.h"
+#include "platform/x11/X11Spaces.h"
 #include "platform/x11/X11SystemCommands.h"
 #include "platform/x11/X11WindowActions.h"
 #include "platform/x11/X11WindowServer.h"
@@ -39,6 +40,7 @@ struct X11Platform::Services {
   std::unique_ptr<X11Input> input;
   std::unique_ptr<X11SystemCommands> systemCommands;
   std::unique_ptr<qt::QtAlerts> alerts;
+  std::unique_ptr<X11Spaces> spaces;
   std::unique_ptr<PosixProcesses> processes;
   NotificationCenter notificationCenter;
   NotificationCenter distributedNotificationCenter;
@@ -73,8 +75,9 @@ std::unique_ptr<X11Platform> X11Platform::open(const std::string& display, std::
   s.pointer = std::make_unique<X11Pointer>(x, *s.screens);
   s.hotKeys = std::make_unique<X11HotKeys>(x);
   s.input = std::make_unique<X11Input>(x);
-  s.systemCommands = std::make_unique<X11SystemCommands>(*bundle->clients_, *s.windowActions);
+  s.systemCommands = std::make_unique<X11SystemCommands>(x, *bundle->clients_, *s.windowActions);
   s.alerts = std::make_unique<qt::QtAlerts>();
+  s.spaces = std::make_unique<X11Spaces>(x, *bundle->clients_);
   s.processes = std::make_unique<PosixProcesses>(s.workspace->mainBundle().identifier.value_or(""));
 
   p.runLoop = &s.runLoop;
@@ -92,6 +95,7 @@ std::unique_ptr<X11Platform> X11Platform::open(const std::string& display, std::
   p.processes = s.processes.get();
   p.hotKeys = s.hotKeys.get();
   p.input = s.input.get();
+  p.spaces = s.spaces.get();
   p.systemCommands = s.systemCommands.get();
 
   // A defaults file that can't be read is noted in the runtime log, which the

@@ -27,6 +27,9 @@ X11Workspace::X11Workspace(X11Connection& connection, X11Clients& clients,
   subscriptions_.push_back(clients_.stateChanged().subscribe(changed));
   subscriptions_.push_back(clients_.activeChanged().subscribe(
       [this](xcb_window_t, xcb_window_t) { announceChanges(); }));
+  subscriptions_.push_back(clients_.desktopsChanged().subscribe([this](bool currentChanged) {
+    if (currentChanged) post(workspace_notification::ActiveSpaceDidChange, 0);
+  }));
 }
 
 X11Workspace::~X11Workspace() = default;

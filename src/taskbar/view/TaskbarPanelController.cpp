@@ -131,7 +131,26 @@ bool TaskbarPanelController::chooseMenuItem(const std::string& title) {
   if (!item || !item->action || !item->enabled) return false;
   MenuAction action = *item->action;
   lastMenu_.reset();
+  return performChosenAction(action);
+}
+
+bool TaskbarPanelController::performChosenAction(const MenuAction& action) {
+  if (action.command == MenuCommand::OpenWorkspacePanel) return openWorkspacePanel();
   return performMenuAction(model_, action);
+}
+
+bool TaskbarPanelController::openWorkspacePanel() {
+  for (const auto& panel : panels_->panels()) {
+    for (const auto& tab : panel->drawing.tabs) {
+      if (!tab.shown || tab.entryIndex >= panel->layout.entries.size()) continue;
+      const TaskbarEntry& entry = panel->layout.entries[tab.entryIndex];
+      if (!entry.workspaceGroup) continue;
+      closeWorkspacePanel();
+      showWorkspacePanel(*panel, tab, *entry.workspaceGroup);
+      return true;
+    }
+  }
+  return false;
 }
 
 void TaskbarPanelController::closeGroupPopup() {
@@ -247,8 +266,11 @@ bool TaskbarPanelController::clickWorkspacePanel(int row, WorkspaceRowPart part,
                                                  MouseButton button) {
   if (!workspacePanel_) return false;
   if (row < 0) {
-    if (button == MouseButton::Left) closeWorkspacePanel();
-    return false;
+    // The header closes the list and opens the overview of all spaces.
+    if (button != MouseButton::Left) return false;
+    closeWorkspacePanel();
+    model_.openMissionControl();
+    return true;
   }
   if (static_cast<size_t>(row) >= workspacePanelSpaces_.size()) return false;
   const ManagedWorkspaceTask& workspace = workspacePanelSpaces_[static_cast<size_t>(row)];
@@ -264,7 +286,7 @@ void TaskbarPanelController::popUpLastMenu() {
   if (!lastMenu_) return;
   shownMenu_ = makeQMenu(*lastMenu_, [this](const MenuAction& action) {
     lastMenu_.reset();
-    performMenuAction(model_, action);
+    performChosenAction(action);
   });
   shownMenu_->popup(QCursor::pos());
 }

@@ -96,6 +96,11 @@ class TaskbarPanelController : public TaskbarController {
                           const std::vector<ManagedWorkspaceTask>& spaces);
   // Shows the last menu at the pointer.
   void popUpLastMenu();
+  // A chosen menu item: the workspace list is the controller's own to open,
+  // everything else is the model's.
+  bool performChosenAction(const MenuAction& action);
+  // Opens the workspace list at the tab that stands for all workspaces.
+  bool openWorkspacePanel();
 
   AppModel& model_;
   std::unique_ptr<WindowFactory> factory_;

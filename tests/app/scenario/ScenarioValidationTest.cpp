@@ -110,6 +110,22 @@ TEST(ScenarioValidation, EventsOfFeaturesNotBuiltAreCheckedThenRefused) {
             "timeline[0].x: unknown key");
 }
 
+TEST(ScenarioValidation, SpacesNeedAKeyAndEventsNameSpacesThatExistThen) {
+  EXPECT_EQ(readingError(R"({ "desktop": { "spaces": [ { "type": 4 } ] } })"),
+            "desktop.spaces[0].uuid: a space needs a uuid or a managedSpaceID");
+  EXPECT_EQ(
+      readingError(R"({ "desktop": { "spaces": [ { "uuid": "A", "tileApps": "Safari" } ] } })"),
+      "desktop.spaces[0].tileApps: expected a list of application names");
+  EXPECT_EQ(readingError(R"({ "desktop": { "spaces": [ { "managedSpaceID": 4 },
+                                                      { "uuid": "msid:4" } ] } })"),
+            "desktop.spaces[1].uuid: a second space \"msid:4\"");
+  EXPECT_EQ(readingError(withTimeline(R"({ "event": "removeSpace", "uuid": "Main" },
+                                        { "event": "switchSpace", "space": "Main" })")),
+            "timeline[1].space: unknown space \"Main\"");
+  EXPECT_EQ(readingError(withTimeline(R"({ "event": "addSpace", "space": { "uuid": "Main" } })")),
+            "timeline[0].space: a second space \"Main\"");
+}
+
 TEST(ScenarioValidation, CallsMatchTheOperationsParameters) {
   EXPECT_EQ(readingError(withTimeline(R"({ "call": "moveWindowSomewhere", "args": [] })")),
             "timeline[0].call: unknown operation \"moveWindowSomewhere\"");

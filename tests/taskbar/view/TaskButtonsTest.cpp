@@ -242,6 +242,23 @@ TEST_F(TaskButtons, TheWorkspaceButtonTogglesItsListBesideIt) {
   EXPECT_FALSE(controller->workspacePanelShown()) << "a click outside closes the list";
 }
 
+TEST_F(TaskButtons, OpenWSListOpensTheListAndItsHeaderOpensTheOverview) {
+  sim.desktop.setSpaces({{.uuid = "D1", .current = true}, {.uuid = "D2"}});
+  start();
+  model.refreshManagedWorkspaces();
+  controller->rebuildPanels();
+  ASSERT_FALSE(controller->click(centre("Workspaces"), MouseButton::Right)->performed);
+  ASSERT_TRUE(controller->chooseMenuItem("Open WS List"));
+  ASSERT_TRUE(controller->workspacePanelShown());
+
+  EXPECT_TRUE(controller->clickWorkspacePanel(-1, WorkspaceRowPart::Body, MouseButton::Left));
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(controller->workspacePanelShown());
+  ASSERT_FALSE(sim.desktop.actionLog().empty());
+  EXPECT_EQ(sim.desktop.actionLog().back().value("kind", ""), "dockNotification");
+  EXPECT_EQ(sim.desktop.actionLog().back().value("name", ""), "com.apple.expose.awake");
+}
+
 TEST(QtMenus, TheToolkitMenuFollowsTheTreeAndHandsBackTheChosenAction) {
   tolv::testing::ensureTestApplication();
   MenuItem first{"First", MenuAction{}, true, false, {}};

@@ -1,4 +1,5 @@
-// Spaces and the Dock's badges: read and checked, refused until the desktop has them.
+// Mission Control: the user goes to a space, adds one or removes one; and the
+// Dock's badges, refused until the desktop has them.
 
 #include "app/scenario/DesktopSetup.h"
 #include "app/scenario/Events.h"
@@ -6,29 +7,34 @@
 namespace tolv::scenario {
 namespace {
 
-const EventRegistration kSwitchSpace{"switchSpace", [](JsonReader& entry, CompileContext& context) {
-                                       std::string space = entry.requireString("space");
-                                       if (!context.spaces.count(space)) {
-                                         entry.fail("space", "unknown space \"" + space + "\"");
-                                       }
-                                       refuseUnsupported(entry, "switchSpace");
-                                       return StepAction();
-                                     }};
+std::string requireKnownSpace(JsonReader& entry, const CompileContext& context,
+                              std::string_view key) {
+  std::string space = entry.requireString(key);
+  if (!context.spaces.count(space)) entry.fail(key, "unknown space \"" + space + "\"");
+  return space;
+}
 
-const EventRegistration kAddSpace{"addSpace", [](JsonReader& entry, CompileContext&) {
-                                    readSpace(entry.requireObject("space"));
-                                    refuseUnsupported(entry, "addSpace");
-                                    return StepAction();
-                                  }};
+const EventRegistration kSwitchSpace{
+    "switchSpace", [](JsonReader& entry, CompileContext& context) {
+      std::string space = requireKnownSpace(entry, context, "space");
+      return StepAction([space](RunContext& run) { run.desktop->switchSpace(space); });
+    }};
 
-const EventRegistration kRemoveSpace{"removeSpace", [](JsonReader& entry, CompileContext& context) {
-                                       std::string uuid = entry.requireString("uuid");
-                                       if (!context.spaces.count(uuid)) {
-                                         entry.fail("uuid", "unknown space \"" + uuid + "\"");
-                                       }
-                                       refuseUnsupported(entry, "removeSpace");
-                                       return StepAction();
-                                     }};
+const EventRegistration kAddSpace{
+    "addSpace", [](JsonReader& entry, CompileContext& context) {
+      sim::SpaceSetup space = readSpace(entry.requireObject("space"));
+      if (!context.spaces.insert(space.key()).second) {
+        entry.fail("space", "a second space \"" + space.key() + "\"");
+      }
+      return StepAction([space](RunContext& run) { run.desktop->addSpace(space); });
+    }};
+
+const EventRegistration kRemoveSpace{
+    "removeSpace", [](JsonReader& entry, CompileContext& context) {
+      std::string space = requireKnownSpace(entry, context, "uuid");
+      context.spaces.erase(space);
+      return StepAction([space](RunContext& run) { run.desktop->removeSpace(space); });
+    }};
 
 const EventRegistration kSetBadge{"setBadge", [](JsonReader& entry, CompileContext&) {
                                     entry.requireString("name");

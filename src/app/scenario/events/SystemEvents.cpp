@@ -57,15 +57,15 @@ const EventRegistration kAnswerAlert{
       return StepAction([answer](RunContext& run) { run.desktop->alerts().queueAnswer(answer); });
     }};
 
-const EventRegistration kSetDefaults{"setDefaults", [](JsonReader& entry, CompileContext&) {
-                                       std::string domain = entry.requireString("domain");
-                                       auto values = readDefaultsValues(entry.require("values"),
-                                                                        entry.placeOf("values"));
-                                       return StepAction([domain, values](RunContext& run) {
-                                         for (const auto& [key, value] : values)
-                                           run.desktop->defaults().setValue(domain, key, value);
-                                       });
-                                     }};
+const EventRegistration kSetDefaults{
+    "setDefaults", [](JsonReader& entry, CompileContext&) {
+      std::string domain = entry.requireString("domain");
+      auto values = readDefaultsValues(domain, entry.require("values"), entry.placeOf("values"));
+      return StepAction([domain, values](RunContext& run) {
+        for (const auto& [key, value] : values)
+          run.desktop->defaults().setValue(domain, key, value);
+      });
+    }};
 
 }  // namespace
 }  // namespace tolv::scenario

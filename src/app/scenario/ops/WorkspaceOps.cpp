@@ -1,4 +1,4 @@
-// Workspaces as tasks.
+// Workspaces as tasks, and what the bar keeps per workspace.
 
 #include "app/scenario/Operations.h"
 
@@ -16,6 +16,24 @@ const OperationRegistration kWorkspaceOps{{
     {"placeWorkspaceTask",
      {{"task", K::WorkspaceTask}, {"host", K::WorkspaceTask}},
      [](AppModel& m, A a) { m.placeWorkspaceTask(a.workspace(0), a.workspace(1)); }},
+    {"placeWorkspaceTaskOnDesktop",
+     {{"task", K::WorkspaceTask}, {"host", K::WorkspaceTask}},
+     [](AppModel& m, A a) { m.placeWorkspaceTaskOnDesktop(a.workspace(0), a.workspace(1)); }},
+    {"performWorkspaceSwitch",
+     {{"task", K::WorkspaceTask}},
+     [](AppModel& m, A a) { m.performWorkspaceSwitch(a.workspace(0)); }},
+    {"requestWorkspaceSwitch",
+     {{"task", K::WorkspaceTask}},
+     [](AppModel& m, A a) { m.requestWorkspaceSwitch(a.workspace(0)); }},
+    {"activateWorkspaceTask",
+     {{"task", K::WorkspaceTask}},
+     [](AppModel& m, A a) { m.activateWorkspaceTask(a.workspace(0)); }},
+    {"resyncTaskbarOnDesktop", {}, [](AppModel& m, A) { m.resyncTaskbarOnDesktop(); }},
+    {"setWorkspaceTaskbarBehavior",
+     {{"value", K::String}},
+     [](AppModel& m, A a) { m.setWorkspaceTaskbarBehavior(a.string(0)); }},
+    {"writeRestartWorkspaceBackup", {}, [](AppModel& m, A) { m.writeRestartWorkspaceBackup(); }},
+    {"openMissionControl", {}, [](AppModel& m, A) { m.openMissionControl(); }},
 }};
 
 }  // namespace
