@@ -35,6 +35,9 @@ class SystemCommands {
   // CoreDockSendNotification("com.apple.expose.awake", 0), through dlopen of
   // the ApplicationServices framework.
   virtual bool showDesktopOverview() = 0;
+  // Whether the system has such an overview at all; where it has none, the
+  // controls that would open it are shown disabled.
+  virtual bool hasDesktopOverview() const = 0;
 };
 
 }  // namespace tolv

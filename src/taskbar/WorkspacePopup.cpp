@@ -2,6 +2,7 @@
 
 #include "model/AppModel.h"
 #include "model/TaskIdentifiers.h"
+#include "platform/SystemCommands.h"
 #include "taskbar/TabFacts.h"
 
 namespace tolv {
@@ -11,6 +12,10 @@ namespace {
 constexpr Size kRowSize{270 - 2 * 10, 34};
 
 }  // namespace
+
+bool workspaceHeaderOpensOverview(const AppModel& model) {
+  return model.platform().systemCommands->hasDesktopOverview();
+}
 
 std::vector<WorkspacePopupRow> workspacePopupRows(const AppModel& model,
                                                   const std::vector<ManagedWorkspaceTask>& spaces) {

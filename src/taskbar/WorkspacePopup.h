@@ -24,6 +24,10 @@ struct WorkspacePopupRow {
 std::vector<WorkspacePopupRow> workspacePopupRows(const AppModel& model,
                                                   const std::vector<ManagedWorkspaceTask>& spaces);
 
+// The list's header opens the system's overview of all desktops where the
+// system has one; elsewhere it is a plain title, drawn dimmed, and does nothing.
+bool workspaceHeaderOpensOverview(const AppModel& model);
+
 enum class WorkspaceRowPart { Body, LeaveFullScreen, Close };
 
 // A row's body switches to its space, the chevron leaves full screen and the

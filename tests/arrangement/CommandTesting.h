@@ -49,7 +49,8 @@ class CommandTest : public ArrangementTest {
  private:
   static std::string subject(const nlohmann::json& entry) {
     if (entry.contains("window")) return entry["window"].get<std::string>();
-    return std::to_string(entry["pid"].get<int>());
+    if (entry.contains("pid")) return std::to_string(entry["pid"].get<int>());
+    return "-";
   }
   static std::string describe(const nlohmann::json& entry) {
     const std::string kind = entry["kind"];

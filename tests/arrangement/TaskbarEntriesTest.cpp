@@ -122,7 +122,7 @@ TEST_F(TaskbarEntries, AnApplicationsWorkspaceJoinsItsGroupADesktopNever) {
   const RunningAppItem item = model().workspaceItem(safariSpace);
   EXPECT_EQ(item.processIdentifier, 30);
   EXPECT_EQ(item.appName, "Safari");
-  EXPECT_EQ(item.name, "SAFARI");
+  EXPECT_EQ(item.name, "SAFARI WS1") << "a workspace is titled by its display title";
   EXPECT_EQ(model().workspaceItem(otherDesktop).processIdentifier, 0);
 
   EXPECT_THAT(entries(true), ElementsAre("auto:10[m0,m1]", "auto:20[n0]",

@@ -151,10 +151,9 @@ TEST_F(RefreshPipeline, OffTheDesktopNothingIsScannedOrPublishedAndTheDesktopLis
 }
 
 TEST_F(RefreshPipeline, ASpaceChangeInTheMiddleOfADesktopCyclePutsTheLastCompleteListBack) {
+  desktop.setSpaces({{.uuid = "D", .current = true}, {.uuid = "F", .type = 4}});
   desktop.populate({app(10, "Mail", {window("Inbox")})});
-  AppModel& model = sim.model();
-  model.managedWorkspaceTasks = {space("D", true, true)};
-  start();
+  AppModel& model = start();
   ASSERT_TRUE(model.pipeline.lastGoodDesktopRunningApps);
 
   desktop.openWindow(10, window("Drafts"));
@@ -162,10 +161,8 @@ TEST_F(RefreshPipeline, ASpaceChangeInTheMiddleOfADesktopCyclePutsTheLastComplet
   EXPECT_TRUE(model.pipeline.desktopScanCycleInProgress);
   EXPECT_TRUE(model.pipeline.desktopScanAwaitingRedraw);
 
-  model.managedWorkspaceTasks = {space("D", true, false), space("F", false, true)};
   model.pendingWorkspaceSwitchID = "F";
-  desktop.platform().workspace->notificationCenter().post(
-      {workspace_notification::ActiveSpaceDidChange, std::nullopt});
+  ASSERT_TRUE(desktop.switchSpace("F"));
   advanceTo(2.5);
   EXPECT_THAT(shownNames(), ElementsAre("Inbox"));
   EXPECT_THAT(scannedNames(), ElementsAre("Inbox"));

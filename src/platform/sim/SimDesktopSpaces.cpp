@@ -71,8 +71,10 @@ const SpaceSetup* SimDesktop::findSpace(const std::string& key) const {
 }
 
 bool SimDesktop::isOnCurrentSpace(const SimWindow& window) const {
+  // A window on a space the desktop does not list is on no display's current
+  // space: it is somewhere else, as after a move to a space that has gone.
   const SpaceSetup* space = findSpace(window.setup.space);
-  if (!space) return true;
+  if (!space) return false;
   auto current = currentSpaces_.find(space->display);
   return current != currentSpaces_.end() && current->second == space->key();
 }

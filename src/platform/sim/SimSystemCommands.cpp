@@ -61,6 +61,7 @@ bool SimSystemCommands::jumpSpaces(int steps) {
 
 bool SimSystemCommands::showDesktopOverview() {
   calls_.count("systemCommands.showDesktopOverview");
+  if (!hasOverview_) return false;
   desktop_.logAction("dockNotification", {{"name", "com.apple.expose.awake"}});
   return true;
 }

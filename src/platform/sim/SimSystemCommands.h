@@ -23,11 +23,16 @@ class SimSystemCommands : public SystemCommands {
   bool jumpSpaces(int steps) override;
   // Logs a "dockNotification" with its name.
   bool showDesktopOverview() override;
+  // The desktop has Mission Control unless a test takes it away, to stand for
+  // a system without an overview.
+  bool hasDesktopOverview() const override { return hasOverview_; }
+  void setHasDesktopOverview(bool has) { hasOverview_ = has; }
 
  private:
   SimDesktop& desktop_;
   SimInput& input_;
   CallCounter& calls_;
+  bool hasOverview_ = true;
 };
 
 }  // namespace tolv::sim

@@ -23,6 +23,7 @@ class X11SystemCommands : public SystemCommands {
   bool jumpSpaces(int steps) override;
   // EWMH has no overview of all desktops to ask for: nothing is sent.
   bool showDesktopOverview() override { return false; }
+  bool hasDesktopOverview() const override { return false; }
 
  private:
   X11Connection& connection_;

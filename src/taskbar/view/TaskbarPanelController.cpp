@@ -241,7 +241,8 @@ void TaskbarPanelController::showWorkspacePanel(const TaskbarPanel& panel, const
                                    screens, 0, spaces.size());
   workspacePanelSpaces_ = spaces;
   workspacePanel_ = std::make_unique<WorkspacePopupView>(
-      workspacePopupRows(model_, spaces), QSize(qRound(frame.width), qRound(frame.height)),
+      workspacePopupRows(model_, spaces), workspaceHeaderOpensOverview(model_),
+      QSize(qRound(frame.width), qRound(frame.height)),
       [this](int row, WorkspaceRowPart part, MouseButton button) {
         clickWorkspacePanel(row, part, button);
         if (button == MouseButton::Right) popUpLastMenu();
@@ -267,7 +268,7 @@ bool TaskbarPanelController::clickWorkspacePanel(int row, WorkspaceRowPart part,
   if (!workspacePanel_) return false;
   if (row < 0) {
     // The header closes the list and opens the overview of all spaces.
-    if (button != MouseButton::Left) return false;
+    if (button != MouseButton::Left || !workspaceHeaderOpensOverview(model_)) return false;
     closeWorkspacePanel();
     model_.openMissionControl();
     return true;

@@ -19,9 +19,13 @@ constexpr Size kCloseSize{18, 28};
 
 }  // namespace
 
-WorkspacePopupView::WorkspacePopupView(std::vector<WorkspacePopupRow> rows, QSize size,
-                                       ClickHandler onClick, QWidget* parent)
-    : QWidget(parent), rows_(std::move(rows)), onClick_(std::move(onClick)) {
+WorkspacePopupView::WorkspacePopupView(std::vector<WorkspacePopupRow> rows,
+                                       bool headerOpensOverview, QSize size, ClickHandler onClick,
+                                       QWidget* parent)
+    : QWidget(parent),
+      rows_(std::move(rows)),
+      headerOpensOverview_(headerOpensOverview),
+      onClick_(std::move(onClick)) {
   resize(size);
 }
 
@@ -42,7 +46,10 @@ QRectF WorkspacePopupView::closeRect(int row) const {
 }
 
 std::optional<std::pair<int, WorkspaceRowPart>> WorkspacePopupView::partAt(QPointF point) const {
-  if (point.y() < kHeaderHeight) return std::pair{-1, WorkspaceRowPart::Body};
+  if (point.y() < kHeaderHeight) {
+    if (!headerOpensOverview_) return std::nullopt;
+    return std::pair{-1, WorkspaceRowPart::Body};
+  }
   for (int row = 0; row < static_cast<int>(rows_.size()); ++row) {
     if (!rowRect(row).contains(point)) continue;
     if (closeRect(row).contains(point)) return std::pair{row, WorkspaceRowPart::Close};
@@ -58,7 +65,7 @@ void WorkspacePopupView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.fillRect(rect(), palette().window());
-  painter.setPen(Qt::white);
+  painter.setPen(headerOpensOverview_ ? QColor(Qt::white) : QColor(255, 255, 255, 115));
   painter.setFont(systemFont(13, true));
   painter.drawText(QRectF(kPadding, 0, width() - 2 * kPadding, kHeaderHeight),
                    Qt::AlignVCenter | Qt::AlignLeft, QStringLiteral("WORKSPACES"));

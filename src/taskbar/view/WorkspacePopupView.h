@@ -19,8 +19,8 @@ class WorkspacePopupView : public QWidget {
 
  public:
   using ClickHandler = std::function<void(int row, WorkspaceRowPart, MouseButton)>;
-  WorkspacePopupView(std::vector<WorkspacePopupRow> rows, QSize size, ClickHandler onClick,
-                     QWidget* parent = nullptr);
+  WorkspacePopupView(std::vector<WorkspacePopupRow> rows, bool headerOpensOverview, QSize size,
+                     ClickHandler onClick, QWidget* parent = nullptr);
 
   std::optional<std::pair<int, WorkspaceRowPart>> partAt(QPointF point) const;
   QRectF rowRect(int row) const;
@@ -34,6 +34,7 @@ class WorkspacePopupView : public QWidget {
   QRectF closeRect(int row) const;
 
   std::vector<WorkspacePopupRow> rows_;
+  bool headerOpensOverview_;
   ClickHandler onClick_;
 };
 

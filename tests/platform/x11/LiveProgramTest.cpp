@@ -136,13 +136,14 @@ TEST_F(LiveProgram, AScenarioCallsAndChecksTheLiveDesktopOnTheRealClock) {
   }
   EXPECT_TRUE((*taskNamed(after, "Tolv Alpha"))["isActive"].get<bool>()) << after.dump();
 
-  // Each application has its tab in the bar, in the order of the tasks.
+  // Each application has its tab in the bar, in the order of the tasks, after
+  // openbox's desktops, which stand together as one workspace group.
   const Json* panel = taskbarPanel(before);
   ASSERT_NE(panel, nullptr);
   std::vector<std::string> tabs;
   for (const auto& tab : (*panel)["tabs"])
     tabs.push_back(tab["id"]);
-  std::vector<std::string> expected;
+  std::vector<std::string> expected{"workspace-group"};
   for (const auto& task : before["runningApps"])
     expected.push_back("auto:" + std::to_string(task["processIdentifier"].get<Pid>()));
   EXPECT_EQ(tabs, expected);

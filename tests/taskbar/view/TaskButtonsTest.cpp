@@ -5,6 +5,7 @@
 #include <QImage>
 
 #include "platform/sim/SimScreens.h"
+#include "platform/sim/SimSystemCommands.h"
 #include "support/SimModel.h"
 #include "support/TestApplication.h"
 #include "taskbar/FixedTextMeasurer.h"
@@ -12,6 +13,7 @@
 #include "taskbar/view/GroupPopupView.h"
 #include "taskbar/view/QtMenus.h"
 #include "taskbar/view/TaskbarPanelController.h"
+#include "taskbar/view/WorkspacePopupView.h"
 
 namespace tolv {
 namespace {
@@ -257,6 +259,27 @@ TEST_F(TaskButtons, OpenWSListOpensTheListAndItsHeaderOpensTheOverview) {
   ASSERT_FALSE(sim.desktop.actionLog().empty());
   EXPECT_EQ(sim.desktop.actionLog().back().value("kind", ""), "dockNotification");
   EXPECT_EQ(sim.desktop.actionLog().back().value("name", ""), "com.apple.expose.awake");
+}
+
+TEST_F(TaskButtons, WithoutAnOverviewTheListsHeaderIsAPlainTitle) {
+  sim.desktop.setSpaces({{.uuid = "D1", .current = true}, {.uuid = "D2"}});
+  sim.desktop.systemCommands().setHasDesktopOverview(false);
+  start();
+  model.refreshManagedWorkspaces();
+  controller->rebuildPanels();
+  ASSERT_FALSE(controller->click(centre("Workspaces"), MouseButton::Right)->performed);
+  ASSERT_TRUE(controller->chooseMenuItem("Open WS List"));
+  ASSERT_TRUE(controller->workspacePanelShown());
+  const size_t logged = sim.desktop.actionLog().size();
+
+  EXPECT_FALSE(controller->clickWorkspacePanel(-1, WorkspaceRowPart::Body, MouseButton::Left));
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(controller->workspacePanelShown()) << "the header leaves the list open";
+  EXPECT_EQ(sim.desktop.actionLog().size(), logged);
+  auto* list = qobject_cast<WorkspacePopupView*>(controller->workspacePanelWindow());
+  ASSERT_NE(list, nullptr);
+  EXPECT_FALSE(list->partAt(QPointF(40, 10))) << "the header is no target";
+  EXPECT_TRUE(list->partAt(list->rowRect(0).center()));
 }
 
 TEST(QtMenus, TheToolkitMenuFollowsTheTreeAndHandsBackTheChosenAction) {

@@ -2,6 +2,7 @@
 
 #include "app/scenario/Checkpoints.h"
 #include "platform/PropertyValue.h"
+#include "platform/UserDefaults.h"
 #include "workspaces/WorkspaceStateJson.h"
 
 namespace tolv::scenario {
@@ -59,10 +60,14 @@ const FieldRegistration kWorkspaceFields{{
      }},
     {"restoredRestartWorkspaceBackup",
      [](RunContext& run) -> Field { return run.model.workspaces.restoredRestartWorkspaceBackup; }},
-    // The stored restart backup as the JSON document it is; left out while none is stored.
+    // The stored restart backup as the JSON document it is; left out while none
+    // is stored. Read beside the counted calls, as the defaults field is.
     {"restartWorkspaceBackup",
      [](RunContext& run) -> Field {
-       auto data = dataValue(run.model.defaults().value("restartWorkspaceBackup"));
+       const auto stored = run.model.platform().userDefaults->values(kTolvBundleIdentifier);
+       const auto backup = stored.find("restartWorkspaceBackup");
+       if (backup == stored.end()) return std::nullopt;
+       auto data = dataValue(backup->second);
        if (!data) return std::nullopt;
        auto json = OutJson::parse(data->begin(), data->end(), nullptr, false);
        if (json.is_discarded()) return std::string(data->begin(), data->end());
