@@ -264,7 +264,6 @@ bool performMenuAction(AppModel& model, const MenuAction& action) {
     case MenuCommand::ArmResize:
       model.armTaskResize(action.subject);
       return true;
-    case MenuCommand::ActivateWorkspaceTask:
     case MenuCommand::AddStartFavorite:
     case MenuCommand::OpenColorSettings:
     case MenuCommand::SetColor:

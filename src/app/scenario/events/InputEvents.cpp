@@ -67,7 +67,14 @@ const EventRegistration kDrag{
       }
       bool right = button == "right";
       return StepAction([path, right, place = entry.place()](RunContext& run) {
-        requireViews(run, place).drag(path, right);
+        ScenarioViews& views = requireViews(run, place);
+        // The pointer service sees the press where it happens and the pointer
+        // where the drag let go, as the event monitors would.
+        sim::SimPointer& pointer = run.desktop->pointer();
+        pointer.movePointer(path.front());
+        pointer.press(right ? PointerButton::Right : PointerButton::Left);
+        views.drag(path, right);
+        pointer.movePointer(path.back());
       });
     }};
 
