@@ -414,8 +414,6 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   Published<bool> initialSetupForceOverflowOpen{false};
   // The groups whose window list is open.
   Published<std::set<std::string>> openGroupedLists;
-  // Set while a tab, group tab or popup row is being dragged.
-  bool taskbarDragInProgress = false;
   // Stops the bar's auto-hide timers while a tab is being resized (true) and
   // lets them run again (false); set by the panel controller.
   std::function<void(bool)> taskResizePauseHandler;

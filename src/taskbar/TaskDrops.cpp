@@ -19,7 +19,8 @@ void AppModel::endTaskDrag() {
 }
 
 void AppModel::noteTaskDragChanged() {
-  taskbarDragInProgress = taskDrag.draggedTaskID.has_value();
+  // The refresh holds back its saves of the arrangement while a tab is dragged.
+  pipeline.taskbarDragInProgress = taskDrag.draggedTaskID.has_value();
   taskDragChanged.emit();
 }
 

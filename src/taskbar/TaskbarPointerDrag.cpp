@@ -133,6 +133,8 @@ PointerGesture TaskbarPointerDrag::release(Point point) {
   Point pressed = *press_;
   press_.reset();
   if (resizeID_) {
+    // The width is the one where the button came up, even without a move there.
+    moveResize(point);
     std::string id = *resizeID_;
     resizeID_.reset();
     if (auto width = resizeEnded(model_.taskDrag.resize)) {

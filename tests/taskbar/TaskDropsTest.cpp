@@ -50,13 +50,13 @@ class TaskDrops : public testing::ArrangementTest {
 TEST_F(TaskDrops, ATabDroppedBeforeAnotherLandsThereAndTheOrderIsStoredAtOnce) {
   ASSERT_THAT(order(), ElementsAre(M1, M2, N, S));
   drag(S);
-  EXPECT_TRUE(model().taskbarDragInProgress);
+  EXPECT_TRUE(model().pipeline.taskbarDragInProgress);
   EXPECT_TRUE(model().performTaskDrop(tab(M2), kLeading, {}));
   EXPECT_THAT(order(), ElementsAre(M1, S, M2, N));
   EXPECT_THAT(storedStrings("taskOrder"), ElementsAre(M1, S, M2, N));
   EXPECT_EQ(model().taskDrag.draggedTaskID, std::nullopt);
   EXPECT_EQ(model().taskDrag.taskDropCue, std::nullopt);
-  EXPECT_FALSE(model().taskbarDragInProgress);
+  EXPECT_FALSE(model().pipeline.taskbarDragInProgress);
 }
 
 TEST_F(TaskDrops, ADropIntoATabOfTheSameApplicationMakesACustomGroup) {

@@ -78,7 +78,7 @@ TEST_F(TaskDragView, ADragShowsItsCueAsAnInsertionMarkAndTheDropMovesTheTab) {
   press({inbox.midX(), inbox.midY()});
   move({inbox.midX() - 30, inbox.midY()});
   EXPECT_EQ(model.taskDrag.draggedTaskID, model.runningApps->back().id);
-  EXPECT_TRUE(model.taskbarDragInProgress);
+  EXPECT_TRUE(model.pipeline.taskbarDragInProgress);
   move({one.x + 3, one.midY()});
   ASSERT_TRUE(model.taskDrag.taskDropCue);
   EXPECT_EQ(*model.taskDrag.taskDropCue, "before:" + model.runningApps->front().id);
@@ -89,7 +89,7 @@ TEST_F(TaskDragView, ADragShowsItsCueAsAnInsertionMarkAndTheDropMovesTheTab) {
   release({one.x + 3, one.midY()});
   EXPECT_THAT(titles(), ElementsAre("Inbox", "One", "Two"));
   EXPECT_FALSE(model.taskDrag.draggedTaskID);
-  EXPECT_FALSE(model.taskbarDragInProgress);
+  EXPECT_FALSE(model.pipeline.taskbarDragInProgress);
   EXPECT_FALSE(isCueBlue(pixel(tabFrame("Inbox").x, one.midY())));
 }
 
@@ -100,7 +100,9 @@ TEST_F(TaskDragView, ADropIntoATabIsRingedAndMakesAGroup) {
   press({inbox.midX(), inbox.midY()});
   move({two.midX(), two.midY()});
   EXPECT_EQ(model.taskDrag.taskDropCue, "into:" + model.runningApps.get()[1].id);
-  EXPECT_TRUE(isCueBlue(pixel(two.x + 1, two.midY())));
+  // The ring is stroked 2 wide on the tab's edge.
+  EXPECT_TRUE(isCueBlue(pixel(two.x, two.midY())));
+  EXPECT_FALSE(isCueBlue(pixel(two.x + 4, two.midY())));
   release({two.midX(), two.midY()});
   EXPECT_EQ(model.settings.customGroupMembers.size(), 2u);
 }

@@ -32,7 +32,7 @@ const FieldRegistration kTaskbarFields{{
     {"armedResizeID",
      [](RunContext& run) { return optionalJson(run.model.taskDrag.armedResizeID); }},
     {"taskbarDragInProgress",
-     [](RunContext& run) -> Field { return run.model.taskbarDragInProgress; }},
+     [](RunContext& run) -> Field { return run.model.pipeline.taskbarDragInProgress; }},
     {"openGroupedLists", [](RunContext& run) -> Field { return run.model.openGroupedLists.get(); }},
     {"rows",
      [](RunContext& run) {
