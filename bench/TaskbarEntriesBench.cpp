@@ -59,7 +59,7 @@ void BM_DisplayedEntriesGrouped(benchmark::State& state) {
   fixture.desktop.calls().reset();
   size_t entries = 0;
   for (auto _ : state) {
-    auto list = fixture.model->displayedTaskbarEntries(0);
+    auto list = fixture.model->displayedTaskbarEntries(true);
     entries = list.size();
     benchmark::DoNotOptimize(list);
   }
@@ -74,7 +74,7 @@ void BM_DisplayedEntriesUngrouped(benchmark::State& state) {
   fixture.desktop.calls().reset();
   size_t entries = 0;
   for (auto _ : state) {
-    auto list = fixture.model->displayedTaskbarEntries(0);
+    auto list = fixture.model->displayedTaskbarEntries(false);
     entries = list.size();
     benchmark::DoNotOptimize(list);
   }

@@ -141,12 +141,7 @@ std::vector<TaskbarEntry> AppModel::workspaceGroupEntries() const {
   return {entry};
 }
 
-std::vector<TaskbarEntry> AppModel::displayedTaskbarEntries(size_t tasksFittingMainRow) const {
-  // "asNeeded" shows tabs until they stop fitting, then groups every
-  // application at once.
-  const std::string& mode = settings.groupingMode;
-  const bool groupAll =
-      mode == "always" || (mode == "asNeeded" && tasksFittingMainRow < visibleTaskItems().size());
+std::vector<TaskbarEntry> AppModel::displayedTaskbarEntries(bool groupAll) const {
   std::vector<TaskbarEntry> entries = workspaceGroupEntries();
   for (auto& entry : taskbarEntries({.groupAll = groupAll, .includeWorkspaces = true}))
     entries.push_back(std::move(entry));

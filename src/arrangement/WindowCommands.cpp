@@ -201,6 +201,8 @@ void AppModel::toggleFullScreen(const RunningAppItem& task) {
     // The system's keystroke commands go out only with accessibility trust.
     if (!model.accessibilityTrusted.get()) return;
     model.platform_.systemCommands->toggleFullScreen();
+    // The window changed its size and maybe its space: the bar looks again at once.
+    model.refreshRunningApps({.forceBadgeScan = true, .publish = true});
   });
 }
 

@@ -21,6 +21,7 @@
 #include "model/Settings.h"
 #include "platform/Platform.h"
 #include "taskbar/GroupPopupState.h"
+#include "taskbar/TaskDrag.h"
 #include "workspaces/WorkspaceState.h"
 
 namespace tolv {
@@ -237,9 +238,9 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   // The one entry that stands for all workspaces, when there are two or more.
   std::vector<TaskbarEntry> workspaceGroupEntries() const;
   std::vector<ManagedWorkspaceTask> workspaceGroupTasks() const;
-  // What the taskbar shows, in display order. The row layout says how many
-  // tasks fit its main row, which decides whether "asNeeded" groups.
-  std::vector<TaskbarEntry> displayedTaskbarEntries(size_t tasksFittingMainRow) const;
+  // What the taskbar shows, in display order: the workspace group, then the
+  // entries with every application grouped or not, as the row layout decided.
+  std::vector<TaskbarEntry> displayedTaskbarEntries(bool groupAll) const;
 
   void createCustomGroup(const std::vector<RunningAppItem>& windows);
   void dropTasksIntoGroup(std::string_view dragged, const RunningAppGroup& group);
@@ -413,7 +414,6 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   Published<bool> initialSetupForceOverflowOpen{false};
   // The groups whose window list is open.
   Published<std::set<std::string>> openGroupedLists;
-  bool taskbarDragInProgress = false;
   // Stops the bar's auto-hide timers while a tab is being resized (true) and
   // lets them run again (false); set by the panel controller.
   std::function<void(bool)> taskResizePauseHandler;
@@ -430,6 +430,29 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   // Forgets locks and width overrides of windows, groups and workspaces that are gone.
   void pruneTaskbarLockedMainWindowIDs();
   void pruneTaskWidthOverrides();
+  // ---- Taskbar shell: drag, drop and resize (taskbar/) --------------------------------------
+  TaskDragState taskDrag;
+  // Told when the drag, its cue or the armed resize handle changed, so bars redraw.
+  Signal<> taskDragChanged;
+  // A drag began with this payload and these windows.
+  void startTaskDrag(const DragStart& start);
+  // The drag ended without a drop on a target; nothing moves.
+  void endTaskDrag();
+  // Writes the drag state the drag code changed and tells the bars.
+  void noteTaskDragChanged();
+  // A drop on a target at a point of the bar's content: the target's rules,
+  // the move they ask for, and the return lock. What the target answers.
+  bool performTaskDrop(const DropTarget& target, Point point,
+                       const std::vector<std::string>& primaryRowWindowIDs);
+  // "Resize Tab" shows the entry's handle; the handle's end hides it again.
+  void armTaskResize(const std::string& entryID);
+  void disarmTaskResize(const std::string& entryID);
+  // While a tab is resized the refresh stands still, so no publication changes
+  // the tab under the handle; its end restarts the timers and refreshes once.
+  void suspendRefreshForResize();
+  void resumeRefreshAfterResize();
+  // The entry's new width, kept between 64 and 280.
+  void commitTaskWidth(const std::string& entryID, double width);
   // A real change of the grouping mode ends the return lock.
   void taskbarGroupingModeChanged();
   // The overflow cards switch between hiding themselves and not.

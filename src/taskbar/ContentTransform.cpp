@@ -19,6 +19,16 @@ Rect ContentTransform::mapRect(const Rect& r) const {
   return {minX, minY, maxX - minX, maxY - minY};
 }
 
+Point ContentTransform::unmap(Point p) const {
+  double det = m11 * m22 - m12 * m21;
+  double x = p.x - dx, y = p.y - dy;
+  return {(m22 * x - m21 * y) / det, (m11 * y - m12 * x) / det};
+}
+
+Point designToPanel(Point design, const Rect& panelFrame) {
+  return {design.x - panelFrame.x, panelFrame.maxY() - design.y};
+}
+
 ContentTransform contentToPanel(std::string_view location, double length, double thickness) {
   switch (contentRotation(location)) {
     case ContentRotation::Clockwise:

@@ -42,6 +42,12 @@ ClickDecision decideTabClick(const TaskbarEntry& entry, MouseButton button) {
   return {};
 }
 
+ClickDecision decideSlipClick(const TaskbarEntry& entry) {
+  ClickDecision decision = decideTabClick(entry, MouseButton::Left);
+  if (decision.result != ClickResult::Perform) return {};
+  return decision;
+}
+
 PopupClickDecision decideGroupPopupClick(const RunningAppGroup& group, GroupPopupPart part,
                                          const RunningAppItem* row) {
   switch (part) {

@@ -8,6 +8,8 @@
 namespace tolv {
 
 enum class MouseButton { Left, Right };
+// What a mouse button did; a move is reported while a button is held.
+enum class PointerPhase { Press, Move, Release };
 
 enum class ClickResult {
   Nothing,
@@ -28,6 +30,9 @@ struct ClickDecision {
 // window's tab. The settings tab does nothing on a left click. A right click
 // opens the tab's menu.
 ClickDecision decideTabClick(const TaskbarEntry& entry, MouseButton button);
+// A left press that slipped a little before its release: the tab's own action
+// still runs, but a popup or the workspace list does not open.
+ClickDecision decideSlipClick(const TaskbarEntry& entry);
 
 // The parts of a group's popup that take a click.
 enum class GroupPopupPart { Header, HeaderClose, Row, RowClose, HideAll, CloseGroup };

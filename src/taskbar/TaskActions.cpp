@@ -262,6 +262,8 @@ bool performMenuAction(AppModel& model, const MenuAction& action) {
       model.resyncTaskbarOnDesktop();
       return true;
     case MenuCommand::ArmResize:
+      model.armTaskResize(action.subject);
+      return true;
     case MenuCommand::AddStartFavorite:
     case MenuCommand::OpenColorSettings:
     case MenuCommand::SetColor:

@@ -24,12 +24,6 @@ bool groupingWanted(const TaskRowLayoutInput& input, double taskArea, TextMeasur
 std::vector<TaskbarEntry> displayEntries(const TaskRowLayoutInput& input, bool grouped) {
   std::vector<TaskbarEntry> entries;
   if (input.entries) entries = input.entries(grouped);
-  if (input.workspaceTasks.size() >= 2) {
-    TaskbarEntry workspaces;
-    workspaces.id = std::string(kWorkspaceGroupID);
-    workspaces.workspaceGroup.emplace(input.workspaceTasks.begin(), input.workspaceTasks.end());
-    entries.insert(entries.begin(), std::move(workspaces));
-  }
   if (input.settingsTaskItem) {
     TaskbarEntry settings;
     settings.id = input.settingsTaskItem->id;

@@ -43,9 +43,9 @@ struct TaskRowLayoutInput {
   double savedTaskAreaWidth = 0;
   std::string_view groupingMode;
   std::span<const RunningAppItem> visibleTaskItems;
-  // The bar's entries in display order, grouped or not.
+  // The bar's display list, grouped or not: the workspace group, then the
+  // entries, in the stored order.
   std::function<std::vector<TaskbarEntry>(bool groupAll)> entries;
-  std::span<const ManagedWorkspaceTask> workspaceTasks;
   const RunningAppItem* settingsTaskItem = nullptr;
   bool overflowReturnLocked = false;
   const std::set<std::string>* lockedMainWindowIDs = nullptr;

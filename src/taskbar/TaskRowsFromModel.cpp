@@ -13,11 +13,11 @@ TaskRowLayout AppModel::layoutTaskRows(double offeredWidth, double savedScreenWi
   input.savedScreenWidth = savedScreenWidth;
   input.savedTaskAreaWidth = savedTaskAreaWidth;
   input.groupingMode = settings.groupingMode;
-  input.visibleTaskItems = runningApps.get();
-  input.entries = [this](bool groupAll) {
-    return taskbarEntries({.groupAll = groupAll, .includeWorkspaces = true});
-  };
-  input.workspaceTasks = managedWorkspaceTasks.get();
+  // Whether "asNeeded" groups is decided over every task the bar shows, the
+  // hosted workspace tasks included.
+  const std::vector<RunningAppItem> visible = visibleTaskItems();
+  input.visibleTaskItems = visible;
+  input.entries = [this](bool groupAll) { return displayedTaskbarEntries(groupAll); };
   input.overflowReturnLocked = taskbarOverflowReturnLocked;
   input.lockedMainWindowIDs = &taskbarLockedMainWindowIDs;
   input.widthOverrides = &taskWidthOverrides.get();

@@ -56,6 +56,18 @@ TaskbarPanels::TaskbarPanels(AppModel& model, PanelWindowFactory& factory, TextM
     noticeSettings();
     refreshContent();
   }));
+  // A group popup opened from an overflow card keeps the cards out while it shows.
+  subscriptions_.push_back(model_.overflowHeldByGroupPopup.subscribe([this](bool held) {
+    for (auto& panel : panels_)
+      panel->reveal->setHeldByGroupPopup(held);
+  }));
+  // A drag over the reveal zone brings the cards out until the drag ends; the
+  // cue and the resize guide only need drawing again.
+  subscriptions_.push_back(model_.taskDragChanged.subscribe([this] {
+    for (auto& panel : panels_)
+      panel->reveal->setDragReveal(model_.taskDrag.overflowDragReveal);
+    contentChanged_.emit();
+  }));
   subscriptions_.push_back(keeper_.overflowAutoHideChanged().subscribe([this] {
     for (auto& panel : panels_)
       panel->reveal->autoHideOverflowChanged();
@@ -114,6 +126,7 @@ void TaskbarPanels::makeTaskbarPanel(size_t screenIndex, const Screen& screen) {
   setup.level = taskbarPanelLevel(location_);
   panel->window = factory_.makePanel(setup);
   panel->reveal = std::make_unique<OverflowReveal>(model_, [this] { refreshContent(); });
+  if (model_.overflowHeldByGroupPopup.get()) panel->reveal->setHeldByGroupPopup(true);
   if (isSideEdge(location_)) {
     panel->window->orderBack();
   } else {

@@ -2,6 +2,8 @@
 
 #include <limits>
 
+#include "taskbar/TaskDrag.h"
+
 namespace tolv {
 
 namespace {
@@ -43,7 +45,8 @@ bool readWidths(const Json& value, std::map<std::string, double>& out) {
   if (!value.is_object()) return false;
   for (const auto& [key, element] : value.items()) {
     if (!element.is_number()) return false;
-    out[key] = element.get<double>();
+    // A width the bar could not draw is left out; the others keep to the bounds.
+    if (auto width = usableTaskWidth(element.get<double>())) out[key] = *width;
   }
   return true;
 }

@@ -143,16 +143,16 @@ TEST_F(TaskbarEntries, ASeparateFullScreenWorkspaceShowsEveryTaskAlone) {
   EXPECT_THAT(entries(true), ElementsAre("custom:K[m0,n0]", "auto:10[m1]", "auto:30[s0,s1]"));
 }
 
-TEST_F(TaskbarEntries, AsNeededGroupsEveryApplicationOnceTheTasksStopFitting) {
+TEST_F(TaskbarEntries, TheDisplayListFollowsTheStoredOrderGroupedOrNot) {
   model().settings.groupingMode = "asNeeded";
   model().settings.taskOrder = {"s1", "n0"};
-  EXPECT_THAT(describe(model().displayedTaskbarEntries(5)),
+  EXPECT_THAT(describe(model().displayedTaskbarEntries(false)),
               ElementsAre("s1", "n0", "m0", "m1", "s0"));
-  EXPECT_THAT(describe(model().displayedTaskbarEntries(4)),
+  EXPECT_THAT(describe(model().displayedTaskbarEntries(true)),
               ElementsAre("auto:30[s0,s1]", "auto:20[n0]", "auto:10[m0,m1]"));
 }
 
-TEST_F(TaskbarEntries, TheDisplayListLeadsWithTheWorkspaceGroupAndGroupsByMode) {
+TEST_F(TaskbarEntries, TheDisplayListLeadsWithTheWorkspaceGroup) {
   // One workspace makes no workspace group; two do.
   model().managedWorkspaceTasks = {space("D", true, true)};
   EXPECT_THAT(model().workspaceGroupEntries(), IsEmpty());
@@ -160,10 +160,9 @@ TEST_F(TaskbarEntries, TheDisplayListLeadsWithTheWorkspaceGroupAndGroupsByMode) 
   EXPECT_EQ(model().workspaceGroupEntries().at(0).workspaceGroup,
             model().managedWorkspaceTasks.get());
   model().settings.taskOrder = {"n0"};
-  EXPECT_THAT(describe(model().displayedTaskbarEntries(0)),
+  EXPECT_THAT(describe(model().displayedTaskbarEntries(true)),
               ElementsAre("workspace-group", "auto:20[n0]", "auto:10[m0,m1]", "auto:30[s0,s1]"));
-  model().settings.groupingMode = "never";
-  EXPECT_THAT(describe(model().displayedTaskbarEntries(0)),
+  EXPECT_THAT(describe(model().displayedTaskbarEntries(false)),
               ElementsAre("workspace-group", "n0", "m0", "m1", "s0", "s1"));
 }
 

@@ -24,7 +24,8 @@ class TaskActions : public testing::CommandTest {
   }
 
   TaskbarEntry entry(const std::string& id) {
-    for (const auto& candidate : model().displayedTaskbarEntries(100)) {
+    for (const auto& candidate :
+         model().displayedTaskbarEntries(model().settings.groupingMode == "always")) {
       if (candidate.id == id) return candidate;
     }
     ADD_FAILURE() << "no entry " << id;
@@ -154,7 +155,8 @@ TEST_F(TaskActions, ClosingACustomGroupNamesItAndClosesItsWindows) {
   model().createCustomGroup({shown("One"), shown("Inbox")});
   settle();
   std::optional<TaskbarEntry> custom;
-  for (const auto& candidate : model().displayedTaskbarEntries(100)) {
+  for (const auto& candidate :
+       model().displayedTaskbarEntries(model().settings.groupingMode == "always")) {
     if (candidate.group && candidate.group->isCustom) custom = candidate;
   }
   ASSERT_TRUE(custom);

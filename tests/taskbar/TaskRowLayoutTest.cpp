@@ -33,12 +33,6 @@ TaskbarEntry itemEntry(const RunningAppItem& item) {
   return entry;
 }
 
-ManagedWorkspaceTask workspace(std::string id) {
-  ManagedWorkspaceTask task;
-  task.id = std::move(id);
-  return task;
-}
-
 std::vector<TaskbarEntry> singleEntries(const std::vector<RunningAppItem>& items) {
   std::vector<TaskbarEntry> entries;
   for (const auto& item : items)
@@ -57,7 +51,6 @@ class TaskRows : public ::testing::Test {
  protected:
   FixedTextMeasurer measure;
   std::vector<RunningAppItem> items;
-  std::vector<ManagedWorkspaceTask> workspaces;
   std::set<std::string> locks;
   TaskWidthOverrides overrides;
   std::vector<bool> groupRequests;
@@ -73,7 +66,6 @@ class TaskRows : public ::testing::Test {
 
   TaskRowLayout layout() {
     input.visibleTaskItems = items;
-    input.workspaceTasks = workspaces;
     input.entries = [this](bool groupAll) {
       groupRequests.push_back(groupAll);
       return singleEntries(items);
@@ -156,18 +148,11 @@ TEST_F(TaskRows, AsNeededGroupsOnlyOnceTheTasksStopFitting) {
   EXPECT_FALSE(layout().grouped);
 }
 
-TEST_F(TaskRows, TheWorkspaceGroupLeadsAndTheSettingsTabComesLast) {
+TEST_F(TaskRows, TheSettingsTabComesAfterTheDisplayList) {
   items = {task("a", 3), task("b", 3)};
   RunningAppItem settings = task("tolv-settings", 8, 0);
   input.settingsTaskItem = &settings;
-  workspaces = {workspace("S1")};
   EXPECT_THAT(ids(layout().entries), ElementsAre("a", "b", "tolv-settings"));
-  workspaces.push_back(workspace("S2"));
-  auto rows = layout();
-  EXPECT_THAT(ids(rows.entries), ElementsAre("workspace-group", "a", "b", "tolv-settings"));
-  EXPECT_DOUBLE_EQ(rows.widths[0], 48);
-  ASSERT_TRUE(rows.entries[0].workspaceGroup);
-  EXPECT_EQ(rows.entries[0].workspaceGroup->size(), 2u);
 }
 
 TEST_F(TaskRows, TheReturnLockKeepsLockedEntriesInFrontAndTheRestInTheRows) {

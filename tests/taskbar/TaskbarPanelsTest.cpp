@@ -7,6 +7,7 @@
 #include "taskbar/FakePanelWindows.h"
 #include "taskbar/FixedTextMeasurer.h"
 #include "taskbar/PanelDescription.h"
+#include "taskbar/TaskActions.h"
 #include "taskbar/TaskbarNotifications.h"
 #include "taskbar/TaskbarPanels.h"
 
@@ -216,6 +217,67 @@ TEST(LayoutCapture, KeepsTheFirstMeasurementUntilANewOneIsAskedFor) {
   capture.offer(1200, 800);
   EXPECT_DOUBLE_EQ(capture.savedTaskAreaWidth, 800);
   EXPECT_FALSE(capture.pending);
+}
+
+}  // namespace
+}  // namespace tolv
+
+namespace tolv {
+namespace {
+
+ManagedWorkspaceTask workspace(std::string id, bool desktop, bool current) {
+  ManagedWorkspaceTask task;
+  task.id = id;
+  task.name = std::move(id);
+  task.isDesktopSpace = desktop;
+  task.isCurrent = current;
+  return task;
+}
+
+std::vector<std::string> drawnPrimaryRow(const TaskbarPanel& panel) {
+  std::vector<std::string> ids;
+  for (const auto& tab : panel.drawing.tabs) {
+    if (tab.row == 0) ids.push_back(tab.id);
+  }
+  return ids;
+}
+
+TEST_F(TaskbarPanelsTest, TheRowsAreDrawnFromTheDisplayListInTheStoredOrder) {
+  setTasks(3);
+  model.settings.workspaceTaskbarBehavior = "desktop";
+  model.settings.forcedDesktopWorkspaceIDs = {"F"};
+  model.managedWorkspaceTasks = {workspace("D", true, true), workspace("F", false, false)};
+  model.settings.taskOrder = {"t2", "t0", "t1"};
+  auto& built = build();
+  const TaskbarPanel& panel = *built.panels()[0];
+  EXPECT_THAT(drawnPrimaryRow(panel),
+              ::testing::ElementsAre("workspace-group", "t2", "t0", "t1", "workspace:F"));
+
+  // "Move Tab to First Task" on the hosted workspace task redraws the rows.
+  MenuAction first;
+  first.command = MenuCommand::MoveToFirst;
+  first.subject = "workspace:F";
+  ASSERT_TRUE(performMenuAction(model, first));
+  EXPECT_THAT(drawnPrimaryRow(panel),
+              ::testing::ElementsAre("workspace-group", "workspace:F", "t2", "t0", "t1"));
+  EXPECT_EQ(built.mainLayout()->entries.size(), 5u);
+}
+
+TEST_F(TaskbarPanelsTest, AsNeededGroupsOnceTheHostedWorkspaceTasksNoLongerFit) {
+  // Five tabs of 198 fit the 1040 of a bottom bar; a hosted workspace task of
+  // 64 makes them overshoot by 34, more than half of it.
+  setTasks(5);
+  auto items = model.runningApps.get();
+  for (auto& item : items)
+    item.name = std::string(21, 'x');
+  model.runningApps = items;
+  model.settings.groupingMode = "asNeeded";
+  auto& built = build();
+  EXPECT_FALSE(built.mainLayout()->grouped);
+  model.settings.workspaceTaskbarBehavior = "desktop";
+  model.settings.forcedDesktopWorkspaceIDs = {"F"};
+  model.managedWorkspaceTasks = {workspace("D", true, true), workspace("F", false, false)};
+  EXPECT_TRUE(built.mainLayout()->grouped);
 }
 
 }  // namespace

@@ -46,6 +46,16 @@ TEST(WorkspaceTaskbarStateJson, EveryKeyIsRequiredAndTyped) {
   EXPECT_FALSE(workspaceTaskbarStateFromJson(badElement));
 }
 
+TEST(WorkspaceTaskbarStateJson, StoredWidthsKeepToTheTabBoundsOrAreLeftOut) {
+  auto json = nlohmann::json::parse(kState);
+  json["taskWidthOverrides"] = {
+      {"narrow", 12}, {"wide", 1e9}, {"negative", -40}, {"zero", 0}, {"fine", 150}};
+  auto state = workspaceTaskbarStateFromJson(json);
+  ASSERT_TRUE(state);
+  EXPECT_EQ(state->taskWidthOverrides,
+            (std::map<std::string, double>{{"fine", 150}, {"narrow", 64}, {"wide", 280}}));
+}
+
 TEST(RestartWorkspaceBackupJson, SurvivesTheRoundTrip) {
   RestartWorkspaceBackup backup;
   backup.colorTables["S/1"] = {{"ax:1:hash:2", "Red"}, {"auto:501", "Custom:#00FF00"}};

@@ -32,6 +32,9 @@ class ScenarioViews {
   // A click of the pointer at a point of the design's coordinates, through the
   // panels' hit testing; whether it met a tab. A right click opens its menu.
   virtual bool click(Point designPoint, bool rightButton) = 0;
+  // A button pressed at the path's first point, moved along it, and released
+  // at its last, through the panels' hit testing and drop targets.
+  virtual void drag(const std::vector<Point>& path, bool rightButton) = 0;
   // The menu the last right click opened and not yet closed.
   virtual std::optional<nlohmann::json> openMenu() const = 0;
   // Chooses the open menu's first item of that title; whether there was one.

@@ -46,6 +46,10 @@ bool PanelScenarioViews::click(Point designPoint, bool rightButton) {
       .has_value();
 }
 
+void PanelScenarioViews::drag(const std::vector<Point>& path, bool rightButton) {
+  if (taskbar_) taskbar_->drag(path, rightButton ? MouseButton::Right : MouseButton::Left);
+}
+
 std::optional<nlohmann::json> PanelScenarioViews::openMenu() const {
   if (!taskbar_ || !taskbar_->lastMenu()) return std::nullopt;
   return menuJson(*taskbar_->lastMenu());

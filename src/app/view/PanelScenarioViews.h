@@ -21,6 +21,7 @@ class PanelScenarioViews : public scenario::ScenarioViews {
   std::optional<nlohmann::json> describeRows() const override;
   const TaskRowLayout* mainLayout() const override;
   bool click(Point designPoint, bool rightButton) override;
+  void drag(const std::vector<Point>& path, bool rightButton) override;
   std::optional<nlohmann::json> openMenu() const override;
   bool chooseMenuItem(const std::string& title) override;
   std::vector<std::string> saveSnapshots(const std::string& directory,

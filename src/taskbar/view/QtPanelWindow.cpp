@@ -89,13 +89,14 @@ void QtPanelWindow::close() {
 }
 
 void QtPanelWindow::showTaskbar(const AppModel& model, const TaskbarPanel& panel,
-                                std::function<void(Point, MouseButton)> onClick) {
+                                std::function<void(Point, MouseButton, PointerPhase)> onPointer) {
   if (content_) return;
   content_ =
       new TaskbarView(model, panel, widget_.get(),
-                      [this, onClick = std::move(onClick)](QPointF local, MouseButton button) {
+                      [this, onPointer = std::move(onPointer)](QPointF local, MouseButton button,
+                                                               PointerPhase phase) {
                         // The view's y runs down from the panel's top.
-                        onClick({frame_.x + local.x(), frame_.maxY() - local.y()}, button);
+                        onPointer({frame_.x + local.x(), frame_.maxY() - local.y()}, button, phase);
                       });
   content_->setGeometry(0, 0, qRound(frame_.width), qRound(frame_.height));
   if (visible_) content_->show();

@@ -36,10 +36,10 @@ class QtPanelWindow : public PanelWindow {
   bool isVisible() const override { return visible_; }
   void close() override;
 
-  // Puts the bar's view into a taskbar panel; its clicks go to `onClick` at
-  // their point in the design's coordinates.
+  // Puts the bar's view into a taskbar panel; its presses, moves and releases
+  // go to `onPointer` at their point in the design's coordinates.
   void showTaskbar(const AppModel& model, const TaskbarPanel& panel,
-                   std::function<void(Point, MouseButton)> onClick);
+                   std::function<void(Point, MouseButton, PointerPhase)> onPointer);
   // Draws the content again.
   void redraw();
   // The bar's view, once shown.

@@ -48,11 +48,38 @@ TaskbarPanelController::TaskbarPanelController(AppModel& model, TextMeasurer& me
     : model_(model),
       factory_(std::make_unique<WindowFactory>(model)),
       panels_(std::make_unique<TaskbarPanels>(model, *factory_, measurer)),
-      autoHide_(std::make_unique<AutoHide>(model, *panels_, std::move(hooks))) {
+      autoHide_(std::make_unique<AutoHide>(model, *panels_, withPopupHooks(std::move(hooks)))),
+      pointerDrag_(std::make_unique<TaskbarPointerDrag>(model, *panels_)) {
   subscriptions_.push_back(panels_->didRebuild().subscribe([this] { showViews(); }));
   subscriptions_.push_back(panels_->contentChanged().subscribe([this] { redraw(); }));
   subscriptions_.push_back(
       model_.taskbarPopupDismissGeneration.subscribe([this](int64_t) { closeGroupPopup(); }));
+  // The display sleeping or waking stops or restarts the auto-hide timers.
+  subscriptions_.push_back(
+      model_.systemIsInactive.subscribe([this](bool) { autoHide_->systemInactiveChanged(); }));
+}
+
+AutoHideHooks TaskbarPanelController::withPopupHooks(AutoHideHooks hooks) {
+  // The popups of the bar are this controller's: they close when the bar
+  // hides, and the workspace list keeps the bar in view while it is used.
+  if (!hooks.dismissOpenPopups) hooks.dismissOpenPopups = [this] { dismissOpenPopups(); };
+  if (!hooks.workspacePopupHoldsBar) {
+    hooks.workspacePopupHoldsBar = [this] { return workspacePanelHoldsBar(); };
+  }
+  return hooks;
+}
+
+void TaskbarPanelController::dismissOpenPopups() {
+  closeGroupPopup();
+  closeWorkspacePanel();
+  lastMenu_.reset();
+  if (shownMenu_) shownMenu_->close();
+}
+
+bool TaskbarPanelController::workspacePanelHoldsBar() const {
+  if (!workspacePanel_) return false;
+  if (shownMenu_ && shownMenu_->isVisible()) return true;
+  return workspacePanelFrame_.contains(model_.platform().pointer->location());
 }
 
 TaskbarPanelController::~TaskbarPanelController() = default;
@@ -67,8 +94,10 @@ QtPanelWindow& TaskbarPanelController::window(const TaskbarPanel& panel) const {
 
 void TaskbarPanelController::showViews() {
   for (const auto& panel : panels_->panels()) {
-    window(*panel).showTaskbar(
-        model_, *panel, [this](Point point, MouseButton button) { pointerClicked(point, button); });
+    window(*panel).showTaskbar(model_, *panel,
+                               [this](Point point, MouseButton button, PointerPhase phase) {
+                                 pointerEvent(point, button, phase);
+                               });
   }
 }
 
@@ -240,6 +269,7 @@ void TaskbarPanelController::showWorkspacePanel(const TaskbarPanel& panel, const
   Rect frame = workspacePanelFrame(model_.settings.taskbarLocation, tabFrameOnScreen(panel, tab),
                                    screens, 0, spaces.size());
   workspacePanelSpaces_ = spaces;
+  workspacePanelFrame_ = frame;
   workspacePanel_ = std::make_unique<WorkspacePopupView>(
       workspacePopupRows(model_, spaces), workspaceHeaderOpensOverview(model_),
       QSize(qRound(frame.width), qRound(frame.height)),
@@ -295,6 +325,47 @@ void TaskbarPanelController::popUpLastMenu() {
 void TaskbarPanelController::pointerClicked(Point designPoint, MouseButton button) {
   auto report = click(designPoint, button);
   if (report && report->decision.result == ClickResult::OpenMenu) popUpLastMenu();
+}
+
+void TaskbarPanelController::pointerEvent(Point designPoint, MouseButton button,
+                                          PointerPhase phase) {
+  if (button == MouseButton::Right) {
+    if (phase == PointerPhase::Press) pointerClicked(designPoint, button);
+    return;
+  }
+  switch (phase) {
+    case PointerPhase::Press:
+      pressPoint_ = designPoint;
+      pointerDrag_->press(designPoint);
+      return;
+    case PointerPhase::Move:
+      pointerDrag_->move(designPoint);
+      return;
+    case PointerPhase::Release:
+      break;
+  }
+  std::optional<TaskbarEntry> entry = pointerDrag_->pressedEntry();
+  switch (pointerDrag_->release(designPoint)) {
+    case PointerGesture::Click:
+    case PointerGesture::None:
+      pointerClicked(pressPoint_, MouseButton::Left);
+      break;
+    case PointerGesture::SlipClick:
+      if (auto action = decideSlipClick(*entry).action) performMenuAction(model_, *action);
+      break;
+    case PointerGesture::Drag:
+    case PointerGesture::Resize:
+      break;
+  }
+}
+
+void TaskbarPanelController::drag(const std::vector<Point>& path, MouseButton button) {
+  if (path.empty()) return;
+  pointerEvent(path.front(), button, PointerPhase::Press);
+  if (button == MouseButton::Right) return;
+  for (size_t i = 1; i < path.size(); ++i)
+    pointerEvent(path[i], button, PointerPhase::Move);
+  pointerEvent(path.back(), button, PointerPhase::Release);
 }
 
 void TaskbarPanelController::redraw() {

@@ -14,6 +14,7 @@
 #include "taskbar/TabClicks.h"
 #include "taskbar/TaskbarController.h"
 #include "taskbar/TaskbarPanels.h"
+#include "taskbar/TaskbarPointerDrag.h"
 #include "taskbar/WorkspacePopup.h"
 
 namespace tolv {
@@ -53,6 +54,13 @@ class TaskbarPanelController : public TaskbarController {
   // testing and the click decision of the tab under it. A right click builds
   // the tab's menu and keeps it as the last menu; nothing when no tab is there.
   std::optional<TabClickReport> click(Point designPoint, MouseButton button);
+  // A press of a button, moves with it held through `path`, and its release at
+  // the path's end, as a hand does it: a left press on a tab that moves 8
+  // points drags it, through the same targets as the pointer; a shorter slip
+  // is a click. A right press is a right click where it began.
+  void drag(const std::vector<Point>& path, MouseButton button);
+  // What the pointer does in a panel's view, in the design's coordinates.
+  void pointerEvent(Point designPoint, MouseButton button, PointerPhase phase);
   // The menu the last right click opened, until an item is chosen.
   const std::optional<Menu>& lastMenu() const { return lastMenu_; }
   // Chooses the last menu's first item of that title; whether its action ran.
@@ -73,6 +81,11 @@ class TaskbarPanelController : public TaskbarController {
   // row builds the row's menu as the last menu. Whether an action ran.
   bool clickWorkspacePanel(int row, WorkspaceRowPart part, MouseButton button);
 
+  // Closes the group popup, the workspace list and the open menu.
+  void dismissOpenPopups();
+  // The workspace list is shown and holds the pointer or its own menu.
+  bool workspacePanelHoldsBar() const;
+
   // The panel as seen on its screen: the screen's area in a plain desktop
   // colour, the panel drawn at its frame with its alpha. One pixel per point.
   QImage snapshot(const TaskbarPanel& panel) const;
@@ -83,6 +96,8 @@ class TaskbarPanelController : public TaskbarController {
 
  private:
   class WindowFactory;
+
+  AutoHideHooks withPopupHooks(AutoHideHooks hooks);
 
   QtPanelWindow& window(const TaskbarPanel& panel) const;
   void showViews();
@@ -106,12 +121,15 @@ class TaskbarPanelController : public TaskbarController {
   std::unique_ptr<WindowFactory> factory_;
   std::unique_ptr<TaskbarPanels> panels_;
   std::unique_ptr<AutoHide> autoHide_;
+  std::unique_ptr<TaskbarPointerDrag> pointerDrag_;
+  Point pressPoint_;
   std::vector<Subscription> subscriptions_;
   std::optional<Menu> lastMenu_;
   std::optional<std::string> openGroupPopup_;
   bool openGroupPopupHoldsOverflow_ = false;
   std::unique_ptr<QWidget> workspacePanel_;
   std::vector<ManagedWorkspaceTask> workspacePanelSpaces_;
+  Rect workspacePanelFrame_;
   std::unique_ptr<QMenu> shownMenu_;
   std::unique_ptr<QWidget> popupWindow_;
   std::unique_ptr<Timer> menuButtonHide_;

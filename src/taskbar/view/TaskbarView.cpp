@@ -5,6 +5,7 @@
 #include <QPainterPath>
 
 #include "model/AppModel.h"
+#include "taskbar/TaskbarLocation.h"
 #include "taskbar/TaskbarPanels.h"
 #include "taskbar/view/Glyphs.h"
 #include "taskbar/view/TabPainter.h"
@@ -17,6 +18,11 @@ constexpr double kStripFontSize = 8;
 constexpr double kStripLeading = 12;
 const QColor kFallbackBase(0x90, 0x91, 0x96);
 const QColor kLockMarker(255, 214, 10);
+const QColor kDropCue(10, 132, 255);
+constexpr double kCueBarWidth = 3;
+constexpr double kCueBarHeight = 30;
+constexpr double kCueRadius = 4;
+constexpr double kOverflowCueShift = 3;
 
 QRectF toQt(const Rect& rect) {
   return {rect.x, rect.y, rect.width, rect.height};
@@ -60,18 +66,69 @@ void drawBufferStrip(QPainter& painter, const QRectF& strip, const QColor& base)
                    Qt::AlignVCenter | Qt::AlignRight, "Hide Tolv. ");
 }
 
+// The insertion mark of the drop cue on the tab it names, and the armed
+// resize handle, in the tab's row.
+void paintDragMarks(QPainter& painter, const TabDrawing& tab, const TaskDragState& drag,
+                    bool mirrored) {
+  const Rect& f = tab.frame;
+  if (drag.taskDropCue) {
+    const std::string& cue = *drag.taskDropCue;
+    if (cue == "into:" + tab.id) {
+      painter.setPen(QPen(kDropCue, 2));
+      painter.setBrush(Qt::NoBrush);
+      painter.drawRoundedRect(toQt(f), kCueRadius, kCueRadius);
+    }
+    bool before = cue == "before:" + tab.id;
+    bool after = cue == "after:" + tab.id;
+    if (before || after) {
+      // Leading side before, trailing side after; in the overflow cards moved outwards.
+      bool atLeft = before != mirrored;
+      double shift = tab.row != 0 ? kOverflowCueShift : 0;
+      double x = atLeft ? f.minX() - kCueBarWidth / 2 - shift : f.maxX() - kCueBarWidth / 2 + shift;
+      painter.fillRect(QRectF(x, f.midY() - kCueBarHeight / 2, kCueBarWidth, kCueBarHeight),
+                       kDropCue);
+    }
+  }
+  if (drag.armedResizeID == tab.id) {
+    Rect handle = resizeHandleRect(f.width, drag.resize);
+    double x = mirrored ? f.maxX() - handle.maxX() : f.x + handle.x;
+    QColor white(Qt::white);
+    white.setAlphaF(0.95f);
+    QPainterPath path;
+    path.addRoundedRect(QRectF(x, f.y + handle.y, handle.width, handle.height), 1.5, 1.5);
+    painter.fillPath(path, white);
+  }
+}
+
 }  // namespace
 
 TaskbarView::TaskbarView(const AppModel& model, const TaskbarPanel& panel, QWidget* parent,
-                         ClickHandler onClick)
-    : QWidget(parent), model_(model), panel_(panel), onClick_(std::move(onClick)) {
+                         PointerHandler onPointer)
+    : QWidget(parent), model_(model), panel_(panel), onPointer_(std::move(onPointer)) {
   setAttribute(Qt::WA_TranslucentBackground);
 }
 
+void TaskbarView::report(QMouseEvent* event, PointerPhase phase) {
+  if (!onPointer_) return;
+  Qt::MouseButton button = event->button();
+  if (phase == PointerPhase::Move) {
+    if (!(event->buttons() & Qt::LeftButton)) return;
+    button = Qt::LeftButton;
+  }
+  if (button == Qt::LeftButton) onPointer_(event->position(), MouseButton::Left, phase);
+  if (button == Qt::RightButton) onPointer_(event->position(), MouseButton::Right, phase);
+}
+
 void TaskbarView::mousePressEvent(QMouseEvent* event) {
-  if (!onClick_) return;
-  if (event->button() == Qt::LeftButton) onClick_(event->position(), MouseButton::Left);
-  if (event->button() == Qt::RightButton) onClick_(event->position(), MouseButton::Right);
+  report(event, PointerPhase::Press);
+}
+
+void TaskbarView::mouseMoveEvent(QMouseEvent* event) {
+  report(event, PointerPhase::Move);
+}
+
+void TaskbarView::mouseReleaseEvent(QMouseEvent* event) {
+  report(event, PointerPhase::Release);
 }
 
 void TaskbarView::paintEvent(QPaintEvent*) {
@@ -91,6 +148,7 @@ void TaskbarView::paintEvent(QPaintEvent*) {
     painter.translate(-width() / 2.0, -height() / 2.0);
     painter.translate(hide.dx, -hide.dy);
   }
+  const bool mirrored = isRightAnchored(settings.taskbarLocation);
   const ContentTransform& t = drawing.toPanel;
   painter.setTransform(QTransform(t.m11, t.m12, t.m21, t.m22, t.dx, t.dy), true);
 
@@ -114,7 +172,9 @@ void TaskbarView::paintEvent(QPaintEvent*) {
       painter.setClipRect(toQt(card.visible));
     }
     for (const auto& tab : drawing.tabs) {
-      if (tab.row == card.rowID) paintTab(painter, tab);
+      if (tab.row != card.rowID) continue;
+      paintTab(painter, tab);
+      if (tab.shown) paintDragMarks(painter, tab, model_.taskDrag, mirrored);
     }
     if (card.rowID == 1 && drawing.lockMarker) {
       QColor marker = kLockMarker;
@@ -126,7 +186,9 @@ void TaskbarView::paintEvent(QPaintEvent*) {
   if (drawing.bufferStrip) drawBufferStrip(painter, toQt(*drawing.bufferStrip), base);
   painter.fillRect(toQt(drawing.primaryRow), base);
   for (const auto& tab : drawing.tabs) {
-    if (tab.row == 0) paintTab(painter, tab);
+    if (tab.row != 0) continue;
+    paintTab(painter, tab);
+    paintDragMarks(painter, tab, model_.taskDrag, mirrored);
   }
   if (drawing.accessibilityNotice)
     paintAccessibilityNotice(painter, toQt(*drawing.accessibilityNotice));

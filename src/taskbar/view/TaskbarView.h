@@ -18,18 +18,21 @@ class TaskbarView : public QWidget {
   Q_OBJECT
 
  public:
-  using ClickHandler = std::function<void(QPointF, MouseButton)>;
+  using PointerHandler = std::function<void(QPointF, MouseButton, PointerPhase)>;
   TaskbarView(const AppModel& model, const TaskbarPanel& panel, QWidget* parent = nullptr,
-              ClickHandler onClick = {});
+              PointerHandler onPointer = {});
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
   const AppModel& model_;
   const TaskbarPanel& panel_;
-  ClickHandler onClick_;
+  PointerHandler onPointer_;
+  void report(QMouseEvent* event, PointerPhase phase);
 };
 
 }  // namespace tolv

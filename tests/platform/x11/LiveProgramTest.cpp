@@ -166,6 +166,67 @@ TEST_F(LiveProgram, AScenarioCallsAndChecksTheLiveDesktopOnTheRealClock) {
   EXPECT_EQ(x.cardinals(x.root(), "_NET_ACTIVE_WINDOW"), (std::vector<uint32_t>{alphaWindow}));
 }
 
+TEST_F(LiveProgram, DraggingATabWithTheRealPointerReordersTheBar) {
+  spawn({"xterm", "-T", "Tolv Alpha"});
+  ASSERT_TRUE(waitUntil([&] { return desktop->clients().taskPids().size() == 1; }));
+  spawn({"xterm", "-T", "Tolv Beta"});
+  ASSERT_TRUE(waitUntil([&] { return desktop->clients().taskPids().size() == 2; }));
+  const std::string dump = scratchFolder() + "/out.jsonl";
+  const std::string scenario = writeScenario(
+      {{"runFor", 1},
+       {"timeline",
+        {{{"at", 2}, {"checkpoint", "before"}, {"fields", {"entries", "panels"}}},
+         {{"at", 9}, {"checkpoint", "after"}, {"fields", {"entries", "taskOrder"}}}}}});
+  Pid tolv = spawn({tolvProgram(), "--scenario", scenario, "--dump", dump}, output);
+  ASSERT_TRUE(waitUntil([&] { return lines(dump).size() == 1; })) << contents(output);
+
+  // The desktops of the window manager stand first as the workspace tab; the
+  // two terminals follow it.
+  auto taskIDs = [](const Json& checkpoint) {
+    std::vector<std::string> ids;
+    for (const auto& entry : checkpoint["entries"])
+      if (entry["kind"] != "workspaceGroup") ids.push_back(entry["id"]);
+    return ids;
+  };
+  const Json before = lines(dump)[0];
+  const Json* panel = taskbarPanel(before);
+  ASSERT_NE(panel, nullptr);
+  const std::vector<std::string> order = taskIDs(before);
+  ASSERT_EQ(order.size(), 2u) << before.dump();
+  auto frameOf = [&](const std::string& id) -> const Json* {
+    for (const auto& tab : (*panel)["tabs"])
+      if (tab["id"] == id) return &tab["frame"];
+    return nullptr;
+  };
+  const Json* firstFrame = frameOf(order[0]);
+  const Json* secondFrame = frameOf(order[1]);
+  ASSERT_TRUE(firstFrame && secondFrame) << before.dump();
+  // From the middle of the second tab to the leading end of the first, in
+  // steps, as a hand moves; the screen's y runs down.
+  const double screenHeight = desktop->connection().screen().height_in_pixels;
+  auto screenPoint = [&](const Json& frame, double dx) {
+    return std::pair<int, int>{
+        static_cast<int>(frame[0].get<double>() + dx),
+        static_cast<int>(screenHeight - frame[1].get<double>() - frame[3].get<double>() / 2)};
+  };
+  auto [fromX, fromY] = screenPoint(*secondFrame, (*secondFrame)[2].get<double>() / 2);
+  auto [toX, toY] = screenPoint(*firstFrame, 5);
+  auto moveTo = [&](int x, int y) {
+    return run({"xdotool", "mousemove", std::to_string(x), std::to_string(y)});
+  };
+  ASSERT_EQ(moveTo(fromX, fromY), 0);
+  ASSERT_EQ(run({"xdotool", "mousedown", "1"}), 0);
+  for (int step = 1; step <= 5; ++step)
+    ASSERT_EQ(moveTo(fromX + (toX - fromX) * step / 5, fromY), 0);
+  ASSERT_EQ(moveTo(toX, toY), 0);
+  ASSERT_EQ(run({"xdotool", "mouseup", "1"}), 0);
+
+  ASSERT_TRUE(waitUntil([&] { return lines(dump).size() == 2; })) << contents(output);
+  ASSERT_EQ(waitForExit(tolv), 0) << contents(output);
+  const Json after = lines(dump)[1];
+  EXPECT_EQ(taskIDs(after), (std::vector<std::string>{order[1], order[0]})) << after.dump();
+}
+
 TEST_F(LiveProgram, AScenarioForTheLiveDesktopRefusesDesktopEvents) {
   const std::string scenario = writeScenario(
       {{"timeline",

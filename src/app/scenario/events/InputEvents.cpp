@@ -45,6 +45,39 @@ const EventRegistration kScroll{
       return StepAction([scroll](RunContext& run) { run.desktop->pointer().scroll(scroll); });
     }};
 
+// A press at `from`, moves through the `via` points to `to`, and the release
+// there: a drag of a tab, of a resize handle, or a click that slipped.
+const EventRegistration kDrag{
+    "drag", [](JsonReader& entry, CompileContext&) {
+      std::vector<Point> path;
+      if (!entry.has("from")) entry.fail("from", "missing");
+      if (!entry.has("to")) entry.fail("to", "missing");
+      path.push_back(*entry.point("from"));
+      if (const Json* via = entry.take("via")) {
+        if (!via->is_array()) entry.fail("via", "expected a list of points [x, y]");
+        for (size_t i = 0; i < via->size(); ++i) {
+          auto xy = numbersAt((*via)[i], entry.placeOf("via") + "[" + std::to_string(i) + "]", 2);
+          path.push_back({xy[0], xy[1]});
+        }
+      }
+      path.push_back(*entry.point("to"));
+      auto button = entry.string("button").value_or("left");
+      if (button != "left" && button != "right") {
+        entry.fail("button", "expected \"left\" or \"right\"");
+      }
+      bool right = button == "right";
+      return StepAction([path, right, place = entry.place()](RunContext& run) {
+        ScenarioViews& views = requireViews(run, place);
+        // The pointer service sees the press where it happens and the pointer
+        // where the drag let go, as the event monitors would.
+        sim::SimPointer& pointer = run.desktop->pointer();
+        pointer.movePointer(path.front());
+        pointer.press(right ? PointerButton::Right : PointerButton::Left);
+        views.drag(path, right);
+        pointer.movePointer(path.back());
+      });
+    }};
+
 // Chooses an item of the menu the last right click opened, by its title.
 const EventRegistration kChooseMenuItem{
     "chooseMenuItem", [](JsonReader& entry, CompileContext&) {

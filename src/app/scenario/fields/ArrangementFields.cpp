@@ -8,13 +8,18 @@ namespace {
 
 using Field = std::optional<OutJson>;
 
-// The bar's display list. Whether "asNeeded" groups depends on the row layout,
-// which only the panels know; without them every task counts as fitting.
+// The bar's display list: the very list the main screen's rows were laid out
+// from. Without panels, the list as it stands ungrouped ("always" groups).
 OutJson displayedEntries(RunContext& run) {
   const TaskRowLayout* layout = run.views ? run.views->mainLayout() : nullptr;
-  size_t fitting = layout && layout->grouped ? 0 : run.model.visibleTaskItems().size();
   OutJson entries = OutJson::array();
-  for (const auto& entry : run.model.displayedTaskbarEntries(fitting))
+  if (layout) {
+    for (const auto& entry : layout->entries)
+      entries.push_back(entryJson(entry));
+    return entries;
+  }
+  bool groupAll = run.model.settings.groupingMode == "always";
+  for (const auto& entry : run.model.displayedTaskbarEntries(groupAll))
     entries.push_back(entryJson(entry));
   return entries;
 }

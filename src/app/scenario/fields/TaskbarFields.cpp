@@ -26,6 +26,13 @@ const FieldRegistration kTaskbarFields{{
      [](RunContext& run) -> Field { return run.model.taskbarLockedMainWindowIDs; }},
     {"taskWidthOverrides",
      [](RunContext& run) -> Field { return run.model.taskWidthOverrides.get(); }},
+    {"taskDropCue", [](RunContext& run) { return optionalJson(run.model.taskDrag.taskDropCue); }},
+    {"draggedTaskID",
+     [](RunContext& run) { return optionalJson(run.model.taskDrag.draggedTaskID); }},
+    {"armedResizeID",
+     [](RunContext& run) { return optionalJson(run.model.taskDrag.armedResizeID); }},
+    {"taskbarDragInProgress",
+     [](RunContext& run) -> Field { return run.model.pipeline.taskbarDragInProgress; }},
     {"openGroupedLists", [](RunContext& run) -> Field { return run.model.openGroupedLists.get(); }},
     {"rows",
      [](RunContext& run) {
