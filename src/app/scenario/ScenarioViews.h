@@ -32,6 +32,11 @@ class ScenarioViews {
   // A click of the pointer at a point of the design's coordinates, through the
   // panels' hit testing; whether it met a tab. A right click opens its menu.
   virtual bool click(Point designPoint, bool rightButton) = 0;
+  // A wheel event at a point of the design's coordinates, as a precise
+  // (trackpad) delta or a line delta; whether a control consumed it.
+  virtual bool scroll(Point designPoint, double deltaY, bool precise) = 0;
+  // The main screen's drawn tray controls; nothing while there is no bar.
+  virtual std::optional<nlohmann::json> describeTray() const = 0;
   // The menu the last right click opened and not yet closed.
   virtual std::optional<nlohmann::json> openMenu() const = 0;
   // Chooses the open menu's first item of that title; whether there was one.

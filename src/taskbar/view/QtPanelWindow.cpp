@@ -89,14 +89,25 @@ void QtPanelWindow::close() {
 }
 
 void QtPanelWindow::showTaskbar(const AppModel& model, const TaskbarPanel& panel,
-                                std::function<void(Point, MouseButton)> onClick) {
+                                std::function<void(Point, MouseButton)> onClick,
+                                std::function<void(Point, double, bool)> onWheel) {
   if (content_) return;
-  content_ =
-      new TaskbarView(model, panel, widget_.get(),
-                      [this, onClick = std::move(onClick)](QPointF local, MouseButton button) {
-                        // The view's y runs down from the panel's top.
-                        onClick({frame_.x + local.x(), frame_.maxY() - local.y()}, button);
-                      });
+  // The view's y runs down from the panel's top.
+  auto toDesign = [this](QPointF local) -> Point {
+    return {frame_.x + local.x(), frame_.maxY() - local.y()};
+  };
+  TaskbarView::WheelHandler wheel;
+  if (onWheel) {
+    wheel = [toDesign, onWheel = std::move(onWheel)](QPointF local, double deltaY, bool precise) {
+      onWheel(toDesign(local), deltaY, precise);
+    };
+  }
+  content_ = new TaskbarView(
+      model, panel, widget_.get(),
+      [toDesign, onClick = std::move(onClick)](QPointF local, MouseButton button) {
+        onClick(toDesign(local), button);
+      },
+      std::move(wheel));
   content_->setGeometry(0, 0, qRound(frame_.width), qRound(frame_.height));
   if (visible_) content_->show();
 }

@@ -3,11 +3,14 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <QWheelEvent>
 
 #include "model/AppModel.h"
+#include "taskbar/TabColors.h"
 #include "taskbar/TaskbarPanels.h"
 #include "taskbar/view/Glyphs.h"
 #include "taskbar/view/TabPainter.h"
+#include "taskbar/view/TrayPainter.h"
 
 namespace tolv {
 
@@ -60,11 +63,27 @@ void drawBufferStrip(QPainter& painter, const QRectF& strip, const QColor& base)
                    Qt::AlignVCenter | Qt::AlignRight, "Hide Tolv. ");
 }
 
+TrayLook trayLook(const AppModel& model) {
+  TrayLook look;
+  look.batteryColors = model.tray.batteryColors;
+  look.battery = model.batteryStatus.get();
+  Rgba badge = badgeColor(model.settings.notificationBadgeColor);
+  look.badgeColor = QColor::fromRgbF(static_cast<float>(badge.red), static_cast<float>(badge.green),
+                                     static_cast<float>(badge.blue));
+  look.volumeSliderShown = model.tray.volumeSliderShown;
+  look.brightnessSliderShown = model.tray.brightnessSliderShown;
+  return look;
+}
+
 }  // namespace
 
 TaskbarView::TaskbarView(const AppModel& model, const TaskbarPanel& panel, QWidget* parent,
-                         ClickHandler onClick)
-    : QWidget(parent), model_(model), panel_(panel), onClick_(std::move(onClick)) {
+                         ClickHandler onClick, WheelHandler onWheel)
+    : QWidget(parent),
+      model_(model),
+      panel_(panel),
+      onClick_(std::move(onClick)),
+      onWheel_(std::move(onWheel)) {
   setAttribute(Qt::WA_TranslucentBackground);
 }
 
@@ -74,12 +93,21 @@ void TaskbarView::mousePressEvent(QMouseEvent* event) {
   if (event->button() == Qt::RightButton) onClick_(event->position(), MouseButton::Right);
 }
 
+void TaskbarView::wheelEvent(QWheelEvent* event) {
+  if (!onWheel_) return event->ignore();
+  // Trackpads give points; wheels give eighths of a degree, 120 to a step.
+  bool precise = !event->pixelDelta().isNull();
+  double deltaY = precise ? event->pixelDelta().y() : event->angleDelta().y() / 120.0;
+  onWheel_(event->position(), deltaY, precise);
+}
+
 void TaskbarView::paintEvent(QPaintEvent*) {
   const Settings& settings = model_.settings;
   const TaskbarDrawing& drawing = panel_.drawing;
   QColor base = settingColor(settings.interfaceBaseColor, kFallbackBase, settings.barOpacity);
   QColor edge = settingColor(settings.edgeColor, Qt::gray, 1);
 
+  TrayLook look = trayLook(model_);
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setRenderHint(QPainter::TextAntialiasing);
@@ -116,6 +144,9 @@ void TaskbarView::paintEvent(QPaintEvent*) {
     for (const auto& tab : drawing.tabs) {
       if (tab.row == card.rowID) paintTab(painter, tab);
     }
+    for (const auto& control : drawing.tray) {
+      if (control.row == card.rowID) paintTrayControl(painter, control, look);
+    }
     if (card.rowID == 1 && drawing.lockMarker) {
       QColor marker = kLockMarker;
       marker.setAlphaF(0.7f);
@@ -127,6 +158,9 @@ void TaskbarView::paintEvent(QPaintEvent*) {
   painter.fillRect(toQt(drawing.primaryRow), base);
   for (const auto& tab : drawing.tabs) {
     if (tab.row == 0) paintTab(painter, tab);
+  }
+  for (const auto& control : drawing.tray) {
+    if (control.row == 0) paintTrayControl(painter, control, look);
   }
   if (drawing.accessibilityNotice)
     paintAccessibilityNotice(painter, toQt(*drawing.accessibilityNotice));

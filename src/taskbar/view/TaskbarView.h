@@ -19,17 +19,21 @@ class TaskbarView : public QWidget {
 
  public:
   using ClickHandler = std::function<void(QPointF, MouseButton)>;
+  // A wheel turn: the delta along y, in points when precise, else in steps.
+  using WheelHandler = std::function<void(QPointF, double deltaY, bool precise)>;
   TaskbarView(const AppModel& model, const TaskbarPanel& panel, QWidget* parent = nullptr,
-              ClickHandler onClick = {});
+              ClickHandler onClick = {}, WheelHandler onWheel = {});
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
 
  private:
   const AppModel& model_;
   const TaskbarPanel& panel_;
   ClickHandler onClick_;
+  WheelHandler onWheel_;
 };
 
 }  // namespace tolv
