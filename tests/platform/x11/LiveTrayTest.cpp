@@ -22,6 +22,11 @@ using ::testing::Field;
 class LiveTray : public LiveDesktopTest {
  protected:
   void SetUp() override {
+    for (const char* program : {"dbus-daemon", "pulseaudio", "pactl", "gdbus", "xdotool"}) {
+      if (run({"sh", "-c", std::string("command -v ") + program + " > /dev/null"}) != 0) {
+        GTEST_SKIP() << program << " is not installed (scripts/setup.sh installs it)";
+      }
+    }
     char pattern[] = "/tmp/tolv-tray-XXXXXX";
     services_ = ::mkdtemp(pattern);
     const std::string bus = services_ + "/bus";
@@ -47,7 +52,7 @@ class LiveTray : public LiveDesktopTest {
     LiveDesktopTest::TearDown();
     ::unsetenv("DBUS_SESSION_BUS_ADDRESS");
     ::unsetenv("PULSE_SERVER");
-    std::filesystem::remove_all(services_);
+    if (!services_.empty()) std::filesystem::remove_all(services_);
   }
 
   AppModel& startModel() {
