@@ -21,8 +21,8 @@
 #include "model/Settings.h"
 #include "platform/Platform.h"
 #include "taskbar/GroupPopupState.h"
-#include "workspaces/WorkspaceState.h"
 #include "taskbar/TrayState.h"
+#include "workspaces/WorkspaceState.h"
 
 namespace tolv {
 
