@@ -15,8 +15,13 @@ packages=(
   # the live X11 desktop and the defaults store
   libxcb1-dev libxcb-ewmh-dev libxcb-icccm4-dev libxcb-randr0-dev libxcb-keysyms1-dev
   libxcb-xtest0-dev libxcb-xinput-dev libx11-dev libplist-dev
+  # the tray on the live desktop: volume through libpulse
+  libpulse-dev
   # end-to-end tests: a real X server, window manager and clients
   xvfb openbox x11-apps xterm xdotool x11-utils
+  # and the tray's services: a session bus, gdbus to send launcher-entry
+  # signals, a PulseAudio server with a null sink and pactl to check it
+  dbus libglib2.0-bin pulseaudio pulseaudio-utils
 )
 
 missing=()

@@ -68,6 +68,13 @@ struct WindowTitleAndKey {
   std::string key;
 };
 
+// One badged item of the badge tree: its title and the URL of its application.
+struct DockBadgedAppInfo {
+  std::string name;
+  std::optional<std::string> url;
+  bool operator==(const DockBadgedAppInfo&) const = default;
+};
+
 // Window discovery's part of the model: per-application caches, the observers
 // and the windows known through them, and the duplicates already reported.
 struct DiscoveryState {
@@ -82,8 +89,11 @@ struct DiscoveryState {
   std::set<Pid> closeArtifactSuppressionPIDs;
   // Ids the scan returned twice and that were logged, for the life of the process.
   std::set<std::string> reportedDuplicateWindowIDs;
-  // Names of the applications with a badge in the Dock.
+  // The badged items of the last badge scan, in the tree's order, and their names.
+  std::vector<DockBadgedAppInfo> cachedDockBadgedApps;
   std::set<std::string> cachedBadgedApps;
+  // The run loop's time of the last badge scan; the distant past before the first.
+  std::optional<double> lastBadgeScan;
 };
 
 namespace scan_constants {
@@ -93,6 +103,10 @@ inline constexpr double kPlainWindowMinimumHeight = 60;
 // How long a leftover element of closed windows is kept from becoming a task.
 inline constexpr double kCloseArtifactSeconds = 4.0;
 inline constexpr const char* kUnnamedApplication = "Application";
+// The badge walk reads the tree's root (depth 0) down to this depth.
+inline constexpr int kBadgeTreeDepth = 4;
+// The shortest interval between cached badge scans.
+inline constexpr double kMinimumBadgeScanSeconds = 1.0;
 }  // namespace scan_constants
 
 }  // namespace tolv

@@ -90,10 +90,10 @@ void AppModel::refreshRunningApps(RefreshRequest request) {
   // The desktop's list is not overwritten by what a full-screen space shows.
   if (isOffDesktopWorkspace()) return;
 
-  const bool badgesScanned = scanBadgesIfDue(request.forceBadgeScan);
+  const bool badgesChanged = scanBadgesIfDue(request.forceBadgeScan);
   // A quiet tick: one look at two sets, no platform call.
   if (request.onlyIfDirty && discovery.dirtyApplicationPIDs.empty() &&
-      discovery.fallbackAXPollingPIDs.empty() && !badgesScanned && accessibilityTrusted.get()) {
+      discovery.fallbackAXPollingPIDs.empty() && !badgesChanged && accessibilityTrusted.get()) {
     return;
   }
 
@@ -126,19 +126,24 @@ void AppModel::refreshRunningApps(RefreshRequest request) {
   pruneApplicationCaches(listed);
   syncAXObservers(apps);
 
+  std::optional<std::vector<AttentionAppItem>> attention;
+  if (attentionListWanted()) attention.emplace();
   std::vector<RunningAppItem> scanned;
   if (accessibilityTrusted.get()) {
     for (const auto& app : apps) {
       auto items = scanApplication(app, request);
       giveDefaultColors(items, baseIDs);
+      if (attention) noteAttentionApplication(*attention, app, items.size());
       scanned.insert(scanned.end(), items.begin(), items.end());
     }
+    if (attention) addDockOnlyAttentionApps(*attention, apps);
   } else {
     scanned = scanWindowServerTasks(apps);
   }
 
   std::vector<RunningAppItem> merged = mergeScannedItems(base, std::move(scanned));
   updateActiveAndPreviousWindows(merged);
+  publishAttentionList(attention);
 
   // Nothing new: no ordering, no publishing.
   const bool unchanged = merged.size() == base.size() &&
@@ -179,8 +184,7 @@ void AppModel::refreshRunningApps(RefreshRequest request) {
 std::vector<RunningAppItem> AppModel::scanApplication(const RunningApplication& app,
                                                       const RefreshRequest& request) {
   const Pid pid = app.processIdentifier;
-  const bool hasBadge = discovery.cachedBadgedApps.count(
-                            app.localizedName.value_or(scan_constants::kUnnamedApplication)) > 0;
+  const bool hasBadge = applicationHasBadge(app);
   std::vector<RunningAppItem> items;
   if (!request.onlyIfDirty || discovery.dirtyApplicationPIDs.count(pid)) {
     items = scanApplicationWindows(app, {.hasBadge = hasBadge});

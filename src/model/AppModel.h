@@ -22,6 +22,7 @@
 #include "platform/Platform.h"
 #include "taskbar/GroupPopupState.h"
 #include "taskbar/TaskDrag.h"
+#include "taskbar/TrayState.h"
 #include "workspaces/WorkspaceState.h"
 
 namespace tolv {
@@ -104,6 +105,29 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   // Puts the last complete desktop list back when a space change broke off a
   // desktop scan cycle.
   void restoreLastGoodDesktopList();
+  // Reads the badge tree when badges are due or forced; whether the badged
+  // items differ from the last scan's, which keeps a quiet refresh going so
+  // that the tasks' badge flags follow. While badges aren't wanted the caches
+  // and the attention list are emptied.
+  bool scanBadgesIfDue(bool forceBadgeScan);
+  // Every refresh that scans makes a new attention list from the cached badges.
+  bool attentionListWanted() const;
+  // The application's name is among the badged ones.
+  bool applicationHasBadge(const RunningApplication& app) const;
+  // In a refresh that scanned badges: a badged application joins the attention
+  // list, with attentionListMode "Always" or when it has no tasks.
+  void noteAttentionApplication(std::vector<AttentionAppItem>& list, const RunningApplication& app,
+                                size_t itemCount);
+  // Badged items that no listed application stands for join the list with pid 0.
+  void addDockOnlyAttentionApps(std::vector<AttentionAppItem>& list,
+                                const std::vector<RunningApplication>& apps);
+  // Publishes a new list when its ids differ; without one, empties the list
+  // once showAttentionApps is off.
+  void publishAttentionList(const std::optional<std::vector<AttentionAppItem>>& list);
+  // Applications that want attention, as the last badge scan found them.
+  Published<std::vector<AttentionAppItem>> attentionApps;
+  // The settings screen's way of changing the filter list; an empty list is a blacklist.
+  void setAttentionIndicatorApps(const std::string& policy, std::vector<std::string> names);
   RefreshState pipeline;
 
   // ---- Window discovery: window server and duplicates (discovery/) -------------------
@@ -481,6 +505,59 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   // A group popup of an overflow row holds the overflow cards open.
   Published<bool> overflowHeldByGroupPopup{false};
 
+  // ---- Taskbar shell: tray (taskbar/) ----------------------------------------------------
+  // What the power sources, the output device and the display report; nothing
+  // while a source is absent.
+  Published<std::optional<BatteryStatus>> batteryStatus;
+  Published<std::optional<float>> volumeLevel;
+  Published<std::optional<float>> brightnessLevel;
+  // The minute the clock shows (seconds since 1970 at its start); it moves once
+  // a minute while the clock is shown and not paused.
+  Published<double> clockMinute{0};
+  // Adding one makes the bar measure its task area again.
+  Published<int64_t> taskbarLayoutCaptureGeneration{0};
+  TrayState tray;
+
+  // The first power source with a capacity; nothing without one.
+  std::optional<BatteryStatus> readBatteryStatus();
+  // The default output device's volume, from the first element that answers.
+  std::optional<float> currentVolume();
+  // Clamped to 0...1; the main element first, else each channel.
+  void setVolume(float volume);
+  std::optional<float> currentBrightness();
+  void setBrightness(float level);
+  // Reads every source once and follows their changes; the clock starts ticking.
+  void startTray();
+  void stopTray();
+  // The battery colours, which are kept in the defaults rather than the model.
+  void readBatteryColors();
+  // The clock ticks only while it is shown and the bar is visible and not dragging.
+  void updateClockTicking();
+  // A wheel event over a media control: moves it one step by the sign of the
+  // delta and shows its slider; whether the event was consumed.
+  bool scrollMediaControl(MediaControl control, double deltaY);
+  // A value from the slider, or a click that shows it.
+  void setMediaControlLevel(MediaControl control, float level);
+  void showMediaSlider(MediaControl control, bool shown);
+  // The clock's lines open the clock and calendar applications, when installed.
+  void openClockApplication(ClockLine line);
+  void toggleAttentionList();
+  // Closes the list and brings the application forward, or opens it when it
+  // isn't running.
+  void activateAttentionApp(const AttentionAppItem& app);
+  // Closes the list and opens the notification centre.
+  void openNotificationCenter();
+  // The tray's refresh button: a new layout capture and a full forced refresh.
+  void refreshTasksFromTray();
+  // The lock button of the first overflow row.
+  void toggleOverflowReturnLock(const std::vector<std::string>& primaryWindowIDs);
+  // Asks before closing every window.
+  void confirmCloseAllWindows();
+  // The attention list as the tray shows it, through the filter.
+  std::vector<AttentionAppItem> visibleAttentionApps() const;
+  bool showsAttentionIndicator(const std::string& appName) const;
+  bool hasVisibleBadge(const std::vector<RunningAppItem>& items) const;
+
   // ---- Application lifecycle (app/) -----------------------------------------------------
   // The one way alerts are shown; 1000 answers the first button.
   AlertResult presentAlert(const Alert& alert, bool centred, double fraction);
@@ -518,8 +595,6 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   void startWindowScanTimer(bool fireNow);
   void startRefreshTimer(std::optional<double> firstDelay);
   void startBackgroundRefreshTimer();
-  // Reads the Dock's badges when they are due or forced; whether it did.
-  bool scanBadgesIfDue(bool forceBadgeScan);
   // One application's tasks in a refresh: rescanned when dirty or polled, else
   // taken from its cache.
   std::vector<RunningAppItem> scanApplication(const RunningApplication& app,

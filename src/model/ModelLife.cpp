@@ -38,6 +38,7 @@ void AppModel::start() {
   }
 
   refreshManagedWorkspaces();
+  startTray();
 
   observe(workspace, life.observers, workspace_notification::ActiveSpaceDidChange,
           [](AppModel& model, const Notification&) {
@@ -165,6 +166,7 @@ void AppModel::stop() {
   cancel(pipeline.delayedRefreshTask);
   cancel(life.startupRefreshTask);
   removeAllAXObservers();
+  stopTray();
 }
 
 }  // namespace tolv

@@ -2,6 +2,9 @@
 
 #include "platform/Accessibility.h"
 #include "platform/Alerts.h"
+#include "platform/Audio.h"
+#include "platform/Badges.h"
+#include "platform/Brightness.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "platform/HotKeys.h"
@@ -9,6 +12,7 @@
 #include "platform/Input.h"
 #include "platform/NotificationCenter.h"
 #include "platform/Pointer.h"
+#include "platform/Power.h"
 #include "platform/Processes.h"
 #include "platform/RunLoop.h"
 #include "platform/RuntimeIssueLog.h"
@@ -42,6 +46,12 @@ struct Platform {
   Processes* processes = nullptr;
   HotKeys* hotKeys = nullptr;
   Input* input = nullptr;
+  // The tray's sources; a backend without one leaves it empty and the tray
+  // treats it as absent.
+  Badges* badges = nullptr;
+  Power* power = nullptr;
+  Audio* audio = nullptr;
+  Brightness* brightness = nullptr;
   SystemCommands* systemCommands = nullptr;
   // The application's log of internal faults; the application sets it.
   RuntimeIssueLog* runtimeIssueLog = nullptr;

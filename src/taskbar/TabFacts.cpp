@@ -124,17 +124,11 @@ void decorateTabs(const AppModel& model, const TaskRowLayout& layout, TaskbarDra
 }
 
 bool AppModel::badgeAllowed(const RunningAppItem& item) const {
-  if (!settings.showAttentionApps || settings.notificationBadgeStyle == "none") return false;
-  const auto& apps = settings.attentionIndicatorApps;
-  if (apps.empty()) return true;
-  bool listed = std::find(apps.begin(), apps.end(), item.appName) != apps.end();
-  return settings.attentionIndicatorPolicy == "whitelist" ? listed : !listed;
+  return showsAttentionIndicator(item.appName);
 }
 
 bool AppModel::groupBadgeAllowed(const RunningAppGroup& group) const {
-  return std::any_of(group.windows.begin(), group.windows.end(), [&](const RunningAppItem& w) {
-    return w.hasNotificationBadge && badgeAllowed(w);
-  });
+  return hasVisibleBadge(group.windows);
 }
 
 std::optional<std::string> AppModel::tabColorName(const std::string& key) const {

@@ -168,10 +168,30 @@ TaskbarDrawing drawTaskbar(const TaskbarDrawingInput& input) {
       u += row.widths[k] + kTabSpacing;
     }
   }
-  double u = layout.leftEdge;
+  // The task area's leading edge counts the tray at the trailing end as well;
+  // the strip itself begins that much earlier.
+  double trayLength = input.tray ? primaryTrayLength(*input.tray) : 0;
+  double u = std::max(layout.leftEdge - trayLength, 0.0);
   for (size_t i = 0; i < layout.primaryCount; ++i) {
     addTab(i, 0, u, kRowPadding, layout.widths[i], true);
     u += layout.widths[i] + kTabSpacing;
+  }
+  if (input.tray) {
+    auto addControl = [&](const TraySlot& slot, int row) {
+      TrayControl control = describeTrayControl(*input.tray, slot.kind);
+      control.frame = band.place(slot.u, slot.v, slot.width, slot.height);
+      control.row = row;
+      drawing.tray.push_back(std::move(control));
+    };
+    for (const auto& slot : primaryTraySlots(*input.tray, length))
+      addControl(slot, 0);
+    if (!placed.empty() && !input.rowsTucked) {
+      const Placed& first = placed.front();
+      for (const auto& slot :
+           overflowTraySlots(*input.tray, length, first.cardStart, first.row->height)) {
+        addControl(slot, first.row->id);
+      }
+    }
   }
   return drawing;
 }

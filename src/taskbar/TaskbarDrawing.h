@@ -10,6 +10,7 @@
 #include "taskbar/ContentTransform.h"
 #include "taskbar/TabAppearance.h"
 #include "taskbar/TaskRowLayout.h"
+#include "taskbar/TrayLayout.h"
 
 namespace tolv {
 
@@ -61,6 +62,9 @@ struct TaskbarDrawing {
   std::optional<Rect> stackBackground;
   std::optional<Rect> lockMarker;
   std::vector<TabDrawing> tabs;  // furthest row first, the primary row last
+  // The tray's controls: the primary row's from leading to trailing, then the
+  // first overflow row's while its card is not tucked away.
+  std::vector<TrayControl> tray;
   // Where the plea to grant accessibility stands, behind the settings tab.
   std::optional<Rect> accessibilityNotice;
   ContentTransform toPanel;  // from content to the panel's own coordinates
@@ -77,6 +81,8 @@ struct TaskbarDrawingInput {
   double borderHeight = 2;
   bool backgroundEnabled = false;
   bool returnLocked = false;
+  // Nothing draws no tray; the task strip then reaches the trailing end.
+  const TrayContent* tray = nullptr;
 };
 
 // Where each part of the bar goes. Rows stand one after the other away from the

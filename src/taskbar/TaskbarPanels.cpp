@@ -52,6 +52,16 @@ TaskbarPanels::TaskbarPanels(AppModel& model, PanelWindowFactory& factory, TextM
   subscriptions_.push_back(model_.activeBlueStripWindowID.subscribe(refresh));
   subscriptions_.push_back(model_.previousWindowIDsByApplication.subscribe(refresh));
   subscriptions_.push_back(model_.accessibilityTrusted.subscribe(refresh));
+  subscriptions_.push_back(model_.attentionApps.subscribe(refresh));
+  subscriptions_.push_back(model_.batteryStatus.subscribe(refresh));
+  subscriptions_.push_back(model_.volumeLevel.subscribe(refresh));
+  subscriptions_.push_back(model_.brightnessLevel.subscribe(refresh));
+  subscriptions_.push_back(model_.clockMinute.subscribe(refresh));
+  subscriptions_.push_back(model_.taskbarLayoutCaptureGeneration.subscribe([this](const int64_t&) {
+    for (auto& panel : panels_)
+      panel->capture.requestCapture();
+    refreshContent();
+  }));
   subscriptions_.push_back(model_.modelChanged.subscribe([this] {
     noticeSettings();
     refreshContent();
@@ -177,7 +187,13 @@ const TaskRowLayout* TaskbarPanels::mainLayout() const {
 void TaskbarPanels::layOut(TaskbarPanel& panel) {
   Rect frame = panel.window->frame();
   double length = contentRotation(location_) == ContentRotation::None ? frame.width : frame.height;
-  double taskArea = isSideEdge(location_) ? length : length - kPrimaryRowReserve;
+  double trayLength = primaryTrayLength(trayContent(model_));
+  if (trayLength != panel.trayLength) {
+    // The primary row's fixed part changed: the task area is measured again.
+    panel.trayLength = trayLength;
+    panel.capture.requestCapture();
+  }
+  double taskArea = (isSideEdge(location_) ? length : length - kPrimaryRowReserve) - trayLength;
   panel.capture.offer(length, taskArea);
   panel.layout = model_.layoutTaskRows(length, panel.capture.savedTaskbarScreenWidth,
                                        panel.capture.savedTaskAreaWidth, measurer_);
@@ -220,6 +236,8 @@ void TaskbarPanels::refreshContent() {
       input.borderHeight = settings.topOverflowBorderHeight;
       input.backgroundEnabled = settings.overflowBackgroundEnabled;
       input.returnLocked = model_.taskbarOverflowReturnLocked;
+      TrayContent tray = trayContent(model_);
+      input.tray = &tray;
       panel->drawing = drawTaskbar(input);
       decorateTabs(model_, panel->layout, panel->drawing);
     }
@@ -275,6 +293,8 @@ void TaskbarPanels::trackPointer(Point location) {
 void TaskbarPanels::noticeSettings() {
   const Settings& settings = model_.settings;
   if (settings.taskbarLocation != location_) postRebuild();
+  model_.updateClockTicking();
+  model_.readBatteryColors();
   if (settings.mediaSliderDisplay != mediaSliderDisplay_) {
     mediaSliderDisplay_ = settings.mediaSliderDisplay;
     for (auto& panel : panels_)

@@ -30,6 +30,8 @@ struct TaskbarPanel {
   // The view's own state, which dies with the panel.
   std::unique_ptr<OverflowReveal> reveal;
   LayoutCapture capture;
+  // The primary row's tray at the last layout; a change asks for a new capture.
+  double trayLength = -1;
   TaskRowLayout layout;
   TaskbarDrawing drawing;
   // Pointer tracking.

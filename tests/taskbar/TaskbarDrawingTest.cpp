@@ -8,7 +8,8 @@ namespace tolv {
 namespace {
 
 // Entries whose tabs are 190 wide (twenty letters in the fixed measure).
-TaskRowLayout rowsOf(size_t count, std::string_view location, double length) {
+TaskRowLayout rowsOf(size_t count, std::string_view location, double length,
+                     double savedTaskArea = 0) {
   static FixedTextMeasurer measure;
   std::vector<RunningAppItem> items(count);
   std::vector<TaskbarEntry> entries(count);
@@ -21,6 +22,7 @@ TaskRowLayout rowsOf(size_t count, std::string_view location, double length) {
   TaskRowLayoutInput input;
   input.location = location;
   input.offeredWidth = length;
+  input.savedTaskAreaWidth = savedTaskArea;
   input.groupingMode = "never";
   input.visibleTaskItems = items;
   input.entries = [entries](bool) { return entries; };
@@ -181,6 +183,41 @@ TEST(TaskbarDrawing, TheBackgroundBehindSeveralCardsAndTheLockMarker) {
   EXPECT_DOUBLE_EQ(marker.width, 16);
   EXPECT_DOUBLE_EQ(marker.height, 2);
   EXPECT_DOUBLE_EQ(marker.maxY(), 32 + 34);
+}
+
+TEST(TaskbarDrawing, TheTrayEndsThePrimaryRowAndItsOverflowPartFollowsTheFirstCard) {
+  TrayContent tray;
+  tray.showAttention = true;
+  tray.volume = 0.5f;
+  // The bar's task area leaves the tray's length free; the strip still starts at 400.
+  Bar bar(8, "bottomL", {0, 0, 1440, 96}, 1440);
+  bar.layout = rowsOf(8, "bottomL", 1440, 1040 - primaryTrayLength(tray));
+  bar.input.layout = &bar.layout;
+  bar.input.tray = &tray;
+  EXPECT_EQ(bar.tabOnScreen("t0").x, 400);
+  auto drawing = bar.draw();
+  std::vector<std::pair<TrayKind, int>> kinds;
+  for (const auto& control : drawing.tray)
+    kinds.emplace_back(control.kind, control.row);
+  EXPECT_EQ(kinds, (std::vector<std::pair<TrayKind, int>>{{TrayKind::Attention, 0},
+                                                          {TrayKind::HideAll, 0},
+                                                          {TrayKind::CloseAll, 0},
+                                                          {TrayKind::Refresh, 1},
+                                                          {TrayKind::Lock, 1},
+                                                          {TrayKind::Volume, 1},
+                                                          {TrayKind::Brightness, 1}}));
+  Rect close = onScreen(drawing, drawing.tray[2].frame, bar.panel);
+  EXPECT_EQ(close, (Rect{1440 - 4 - 18, 3, 18, 14})) << "the close button stands by the edge";
+  Rect hide = onScreen(drawing, drawing.tray[1].frame, bar.panel);
+  EXPECT_EQ(hide, (Rect{1440 - 4 - 18, 17, 18, 14}));
+  const Rect lastTab = bar.tabOnScreen("t4");
+  EXPECT_LE(lastTab.maxX(), onScreen(drawing, drawing.tray[0].frame, bar.panel).x)
+      << "no tab reaches under the tray";
+  Rect volume = onScreen(drawing, drawing.tray[5].frame, bar.panel);
+  EXPECT_DOUBLE_EQ(volume.maxX(), 1440 - 10 - 18);
+
+  bar.input.rowsTucked = true;
+  EXPECT_EQ(bar.draw().tray.size(), 3u) << "a tucked card shows no controls";
 }
 
 }  // namespace

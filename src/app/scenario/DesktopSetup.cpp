@@ -3,6 +3,7 @@
 #include "app/scenario/PropertyJson.h"
 #include "model/AppModel.h"
 #include "model/SettingsCatalogue.h"
+#include "platform/sim/SimTray.h"
 #include "platform/sim/SimUserDefaults.h"
 
 namespace tolv::scenario {
@@ -271,6 +272,7 @@ DesktopSetup readDesktop(JsonReader desktop) {
     dock->finish();
     setup.dockBadges = std::move(badges);
   }
+  setup.tray = readTraySetup(desktop);
   if (desktop.has("otherCopies")) {
     const Json& copies = listAt(desktop, "otherCopies");
     for (size_t i = 0; i < copies.size(); ++i) {
@@ -291,6 +293,12 @@ void buildDesktop(sim::SimDesktop& desktop, const DesktopSetup& setup) {
       desktop.defaults().setValue(domain, key, value);
   }
   desktop.populate(setup.apps);
+  if (setup.dockBadges) {
+    desktop.dock().setRunning(true);
+    for (const auto& [title, label] : *setup.dockBadges)
+      desktop.dock().setBadge(title, label);
+  }
+  buildTray(desktop, setup.tray);
   for (const auto& copy : setup.otherCopies)
     desktop.processes().addProcess(copy);
 }

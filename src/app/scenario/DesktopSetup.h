@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "app/scenario/JsonReader.h"
+#include "app/scenario/TraySetup.h"
 #include "platform/PropertyValue.h"
 #include "platform/Screens.h"
 #include "platform/sim/SimDesktop.h"
@@ -29,6 +30,7 @@ struct DesktopSetup {
   std::vector<sim::AppSetup> apps;
   // Present when the Dock runs; its badges by item title.
   std::optional<std::map<std::string, std::string>> dockBadges;
+  TraySetup tray;
   // Other copies of Tolv already running, each answering a request to quit as
   // it is told to.
   std::vector<sim::SimProcessSetup> otherCopies;

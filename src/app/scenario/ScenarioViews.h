@@ -35,6 +35,11 @@ class ScenarioViews {
   // A button pressed at the path's first point, moved along it, and released
   // at its last, through the panels' hit testing and drop targets.
   virtual void drag(const std::vector<Point>& path, bool rightButton) = 0;
+  // A wheel event at a point of the design's coordinates, as a precise
+  // (trackpad) delta or a line delta; whether a control consumed it.
+  virtual bool scroll(Point designPoint, double deltaY, bool precise) = 0;
+  // The main screen's drawn tray controls; nothing while there is no bar.
+  virtual std::optional<nlohmann::json> describeTray() const = 0;
   // The menu the last right click opened and not yet closed.
   virtual std::optional<nlohmann::json> openMenu() const = 0;
   // Chooses the open menu's first item of that title; whether there was one.

@@ -42,8 +42,18 @@ const TaskRowLayout* PanelScenarioViews::mainLayout() const {
 
 bool PanelScenarioViews::click(Point designPoint, bool rightButton) {
   if (!taskbar_) return false;
-  return taskbar_->click(designPoint, rightButton ? MouseButton::Right : MouseButton::Left)
-      .has_value();
+  MouseButton button = rightButton ? MouseButton::Right : MouseButton::Left;
+  return taskbar_->clickTray(designPoint, button) ||
+         taskbar_->click(designPoint, button).has_value();
+}
+
+bool PanelScenarioViews::scroll(Point designPoint, double deltaY, bool precise) {
+  return taskbar_ && taskbar_->scroll(designPoint, deltaY, precise);
+}
+
+std::optional<nlohmann::json> PanelScenarioViews::describeTray() const {
+  if (!taskbar_) return std::nullopt;
+  return taskbar_->describeTray();
 }
 
 void PanelScenarioViews::drag(const std::vector<Point>& path, bool rightButton) {

@@ -22,6 +22,8 @@ class PanelScenarioViews : public scenario::ScenarioViews {
   const TaskRowLayout* mainLayout() const override;
   bool click(Point designPoint, bool rightButton) override;
   void drag(const std::vector<Point>& path, bool rightButton) override;
+  bool scroll(Point designPoint, double deltaY, bool precise) override;
+  std::optional<nlohmann::json> describeTray() const override;
   std::optional<nlohmann::json> openMenu() const override;
   bool chooseMenuItem(const std::string& title) override;
   std::vector<std::string> saveSnapshots(const std::string& directory,

@@ -32,7 +32,12 @@ const char* demoScenario() {
         "windows": [ { "title": "Untitled 2.txt", "space": "DESKTOP-2" } ] },
       { "pid": 506, "bundleIdentifier": "com.example.Clipper", "name": "Clipper",
         "bundleURL": "/Applications/Clipper.app", "policy": "accessory" }
-    ]
+    ],
+    "defaults": { "com.example.Tolv": { "showTimeAndDate": true } },
+    "dock": { "badges": { "Mail": "3", "Messages": "1" } },
+    "battery": { "capacity": 76, "charging": false, "state": "Battery Power" },
+    "volume": 0.6,
+    "brightness": 0.8
   },
   "timeline": [
     { "at": 3.0, "checkpoint": "desktop" },

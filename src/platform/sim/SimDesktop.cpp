@@ -17,6 +17,7 @@
 #include "platform/sim/SimScreens.h"
 #include "platform/sim/SimSpaces.h"
 #include "platform/sim/SimSystemCommands.h"
+#include "platform/sim/SimTray.h"
 #include "platform/sim/SimUserDefaults.h"
 #include "platform/sim/SimWindowServer.h"
 #include "platform/sim/SimWorkspace.h"
@@ -37,6 +38,10 @@ SimDesktop::SimDesktop()
       hotKeys_(std::make_unique<SimHotKeys>(calls_)),
       input_(std::make_unique<SimInput>(*this, calls_)),
       spacesService_(std::make_unique<SimSpaces>(*this, calls_)),
+      dock_(std::make_unique<SimDock>(*this, calls_)),
+      power_(std::make_unique<SimPower>(calls_)),
+      audio_(std::make_unique<SimAudio>(calls_)),
+      brightness_(std::make_unique<SimBrightness>(calls_)),
       systemCommands_(std::make_unique<SimSystemCommands>(*this, *input_, calls_)) {
   setSpaces({});
   alerts_ = std::make_unique<SimAlerts>(screens_.get());
@@ -78,6 +83,10 @@ Platform SimDesktop::platform() {
   platform.processes = processes_.get();
   platform.hotKeys = hotKeys_.get();
   platform.input = input_.get();
+  platform.badges = dock_.get();
+  platform.power = power_.get();
+  platform.audio = audio_.get();
+  platform.brightness = brightness_.get();
   platform.systemCommands = systemCommands_.get();
   platform.runtimeIssueLog = runtimeIssueLog_;
   platform.spaces = spacesService_.get();

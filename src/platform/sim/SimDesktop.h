@@ -134,6 +134,10 @@ class SimProcesses;
 class SimHotKeys;
 class SimInput;
 class SimSpaces;
+class SimDock;
+class SimPower;
+class SimAudio;
+class SimBrightness;
 class SimSystemCommands;
 
 // A macOS-like desktop in memory: applications, windows, their accessibility
@@ -166,6 +170,10 @@ class SimDesktop {
   SimHotKeys& hotKeys() { return *hotKeys_; }
   SimInput& input() { return *input_; }
   SimSpaces& spaces() { return *spacesService_; }
+  SimDock& dock() { return *dock_; }
+  SimPower& power() { return *power_; }
+  SimAudio& audio() { return *audio_; }
+  SimBrightness& brightness() { return *brightness_; }
   SimSystemCommands& systemCommands() { return *systemCommands_; }
   // The application's runtime log, handed on in platform().
   void setRuntimeIssueLog(RuntimeIssueLog* log) { runtimeIssueLog_ = log; }
@@ -328,6 +336,10 @@ class SimDesktop {
   std::unique_ptr<SimHotKeys> hotKeys_;
   std::unique_ptr<SimInput> input_;
   std::unique_ptr<SimSpaces> spacesService_;
+  std::unique_ptr<SimDock> dock_;
+  std::unique_ptr<SimPower> power_;
+  std::unique_ptr<SimAudio> audio_;
+  std::unique_ptr<SimBrightness> brightness_;
   std::unique_ptr<SimSystemCommands> systemCommands_;
   RuntimeIssueLog* runtimeIssueLog_ = nullptr;
   std::unique_ptr<FileSystem> fileSystem_;

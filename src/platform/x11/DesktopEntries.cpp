@@ -99,4 +99,11 @@ std::optional<DesktopEntry> DesktopEntries::forWindowClass(const std::string& wi
   return std::nullopt;
 }
 
+std::optional<DesktopEntry> DesktopEntries::forId(const std::string& id) const {
+  for (const auto& entry : entries_) {
+    if (entry.id == id) return entry;
+  }
+  return std::nullopt;
+}
+
 }  // namespace tolv::x11

@@ -24,6 +24,8 @@ class DesktopEntries {
   // The entry of a window class: the one whose StartupWMClass is the class, else
   // the one whose id is the class, compared without regard to ASCII case.
   std::optional<DesktopEntry> forWindowClass(const std::string& windowClass) const;
+  // The entry of a desktop id ("debian-xterm", without ".desktop").
+  std::optional<DesktopEntry> forId(const std::string& id) const;
 
  private:
   std::vector<DesktopEntry> entries_;

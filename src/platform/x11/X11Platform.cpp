@@ -6,8 +6,12 @@
 #include "platform/qt/QtClock.h"
 #include "platform/qt/QtImages.h"
 #include "platform/qt/QtRunLoop.h"
+#include "platform/x11/Backlight.h"
 #include "platform/x11/DesktopDefaults.h"
+#include "platform/x11/LauncherBadges.h"
 #include "platform/x11/PlistUserDefaults.h"
+#include "platform/x11/PulseVolume.h"
+#include "platform/x11/UPowerBattery.h"
 #include "platform/x11/X11Accessibility.h"
 #include "platform/x11/X11Clients.h"
 #include "platform/x11/X11Connection.h"
@@ -42,6 +46,10 @@ struct X11Platform::Services {
   std::unique_ptr<qt::QtAlerts> alerts;
   std::unique_ptr<X11Spaces> spaces;
   std::unique_ptr<PosixProcesses> processes;
+  std::unique_ptr<LauncherBadges> badges;
+  std::unique_ptr<UPowerBattery> power;
+  std::unique_ptr<PulseVolume> audio;
+  std::unique_ptr<Backlight> brightness;
   NotificationCenter notificationCenter;
   NotificationCenter distributedNotificationCenter;
 };
@@ -79,6 +87,10 @@ std::unique_ptr<X11Platform> X11Platform::open(const std::string& display, std::
   s.alerts = std::make_unique<qt::QtAlerts>();
   s.spaces = std::make_unique<X11Spaces>(x, *bundle->clients_);
   s.processes = std::make_unique<PosixProcesses>(s.workspace->mainBundle().identifier.value_or(""));
+  s.badges = std::make_unique<LauncherBadges>(x, *bundle->clients_, DesktopEntries());
+  s.power = std::make_unique<UPowerBattery>();
+  s.audio = std::make_unique<PulseVolume>();
+  s.brightness = std::make_unique<Backlight>();
 
   p.runLoop = &s.runLoop;
   p.clock = &s.clock;
@@ -96,6 +108,10 @@ std::unique_ptr<X11Platform> X11Platform::open(const std::string& display, std::
   p.hotKeys = s.hotKeys.get();
   p.input = s.input.get();
   p.spaces = s.spaces.get();
+  p.badges = s.badges.get();
+  p.power = s.power.get();
+  p.audio = s.audio.get();
+  p.brightness = s.brightness.get();
   p.systemCommands = s.systemCommands.get();
 
   // A defaults file that can't be read is noted in the runtime log, which the

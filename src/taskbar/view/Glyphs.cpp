@@ -2,6 +2,8 @@
 
 #include <QPainter>
 
+#include <cmath>
+
 namespace tolv {
 
 namespace {
@@ -65,12 +67,53 @@ QPainterPath glyphPath(Glyph glyph, const QRectF& box) {
       path.addPath(ring.subtracted(hole));
       return path.simplified();
     }
+    case Glyph::Speaker: {
+      QPainterPath path = polyline(
+          box, {{0, 0.32}, {0.3, 0.32}, {0.62, 0}, {0.62, 1}, {0.3, 0.68}, {0, 0.68}, {0, 0.32}});
+      path.closeSubpath();
+      return path;
+    }
+    case Glyph::Sun: {
+      QPainterPath path;
+      QPointF centre = box.center();
+      double r = box.width() * 0.22;
+      path.addEllipse(centre, r, r);
+      for (int ray = 0; ray < 8; ++ray) {
+        double angle = ray * 3.14159265358979 / 4;
+        QPointF dir(std::cos(angle), std::sin(angle));
+        path.moveTo(centre + dir * box.width() * 0.34);
+        path.lineTo(centre + dir * box.width() * 0.5);
+      }
+      return path;
+    }
+    case Glyph::ArrowClockwise: {
+      QPainterPath path;
+      QRectF ring = box.adjusted(box.width() * 0.1, box.height() * 0.1, -box.width() * 0.1,
+                                 -box.height() * 0.1);
+      path.arcMoveTo(ring, 60);
+      path.arcTo(ring, 60, -300);
+      QPointF tip = path.currentPosition();
+      path.moveTo(tip + QPointF(-box.width() * 0.3, -box.height() * 0.05));
+      path.lineTo(tip);
+      path.lineTo(tip + QPointF(0, box.height() * 0.3));
+      return path;
+    }
+    case Glyph::Bell: {
+      QPainterPath path;
+      path.moveTo(at(box, 0.5, 0.05));
+      path.cubicTo(at(box, 0.15, 0.05), at(box, 0.2, 0.55), at(box, 0.05, 0.78));
+      path.lineTo(at(box, 0.95, 0.78));
+      path.cubicTo(at(box, 0.8, 0.55), at(box, 0.85, 0.05), at(box, 0.5, 0.05));
+      path.addEllipse(at(box, 0.5, 0.88), box.width() * 0.12, box.width() * 0.12);
+      return path;
+    }
   }
   return {};
 }
 
 bool glyphIsFilled(Glyph glyph) {
-  return glyph == Glyph::Exclamation || glyph == Glyph::Lock;
+  return glyph == Glyph::Exclamation || glyph == Glyph::Lock || glyph == Glyph::Speaker ||
+         glyph == Glyph::Bell;
 }
 
 void drawGlyph(QPainter& painter, Glyph glyph, const QRectF& box, const QColor& color,

@@ -17,10 +17,14 @@ enum class Glyph {
   ArrowDown,
   Exclamation,
   Lock,
+  Speaker,
+  Sun,
+  ArrowClockwise,
+  Bell,
 };
 
-// The glyph's outline in `box`, to be stroked (the exclamation mark and the
-// lock are filled).
+// The glyph's outline in `box`, to be stroked (the exclamation mark, the
+// lock, the speaker and the bell are filled).
 QPainterPath glyphPath(Glyph glyph, const QRectF& box);
 bool glyphIsFilled(Glyph glyph);
 

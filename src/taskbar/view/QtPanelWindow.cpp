@@ -89,15 +89,26 @@ void QtPanelWindow::close() {
 }
 
 void QtPanelWindow::showTaskbar(const AppModel& model, const TaskbarPanel& panel,
-                                std::function<void(Point, MouseButton, PointerPhase)> onPointer) {
+                                std::function<void(Point, MouseButton, PointerPhase)> onPointer,
+                                std::function<void(Point, double, bool)> onWheel) {
   if (content_) return;
-  content_ =
-      new TaskbarView(model, panel, widget_.get(),
-                      [this, onPointer = std::move(onPointer)](QPointF local, MouseButton button,
-                                                               PointerPhase phase) {
-                        // The view's y runs down from the panel's top.
-                        onPointer({frame_.x + local.x(), frame_.maxY() - local.y()}, button, phase);
-                      });
+  // The view's y runs down from the panel's top.
+  auto toDesign = [this](QPointF local) -> Point {
+    return {frame_.x + local.x(), frame_.maxY() - local.y()};
+  };
+  TaskbarView::WheelHandler wheel;
+  if (onWheel) {
+    wheel = [toDesign, onWheel = std::move(onWheel)](QPointF local, double deltaY, bool precise) {
+      onWheel(toDesign(local), deltaY, precise);
+    };
+  }
+  content_ = new TaskbarView(
+      model, panel, widget_.get(),
+      [toDesign, onPointer = std::move(onPointer)](QPointF local, MouseButton button,
+                                                   PointerPhase phase) {
+        onPointer(toDesign(local), button, phase);
+      },
+      std::move(wheel));
   content_->setGeometry(0, 0, qRound(frame_.width), qRound(frame_.height));
   if (visible_) content_->show();
 }

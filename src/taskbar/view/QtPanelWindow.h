@@ -39,7 +39,8 @@ class QtPanelWindow : public PanelWindow {
   // Puts the bar's view into a taskbar panel; its presses, moves and releases
   // go to `onPointer` at their point in the design's coordinates.
   void showTaskbar(const AppModel& model, const TaskbarPanel& panel,
-                   std::function<void(Point, MouseButton, PointerPhase)> onPointer);
+                   std::function<void(Point, MouseButton, PointerPhase)> onPointer,
+                   std::function<void(Point, double deltaY, bool precise)> onWheel = {});
   // Draws the content again.
   void redraw();
   // The bar's view, once shown.

@@ -6,16 +6,20 @@
 #include <QPainter>
 #include <QScrollArea>
 
+#include <algorithm>
+
 #include "model/AppModel.h"
 #include "taskbar/PanelDescription.h"
 #include "taskbar/TabHitTesting.h"
 #include "taskbar/TaskActions.h"
 #include "taskbar/TaskbarLocation.h"
+#include "taskbar/TrayClicks.h"
 #include "taskbar/WorkspacePanelGeometry.h"
 #include "taskbar/view/GroupPopupView.h"
 #include "taskbar/view/QtMenus.h"
 #include "taskbar/view/QtPanelWindow.h"
 #include "taskbar/view/TransientPopup.h"
+#include "taskbar/view/TrayPopups.h"
 #include "taskbar/view/WorkspacePopupView.h"
 
 namespace tolv {
@@ -94,10 +98,12 @@ QtPanelWindow& TaskbarPanelController::window(const TaskbarPanel& panel) const {
 
 void TaskbarPanelController::showViews() {
   for (const auto& panel : panels_->panels()) {
-    window(*panel).showTaskbar(model_, *panel,
-                               [this](Point point, MouseButton button, PointerPhase phase) {
-                                 pointerEvent(point, button, phase);
-                               });
+    window(*panel).showTaskbar(
+        model_, *panel,
+        [this](Point point, MouseButton button, PointerPhase phase) {
+          pointerEvent(point, button, phase);
+        },
+        [this](Point point, double deltaY, bool precise) { scroll(point, deltaY, precise); });
   }
 }
 
@@ -322,7 +328,25 @@ void TaskbarPanelController::popUpLastMenu() {
   shownMenu_->popup(QCursor::pos());
 }
 
+bool TaskbarPanelController::clickTray(Point designPoint, MouseButton button) {
+  auto hit = trayControlAt(*panels_, designPoint);
+  if (!hit) return false;
+  if (button == MouseButton::Left) clickTrayControl(model_, *hit->panel, *hit->control);
+  return true;
+}
+
+bool TaskbarPanelController::scroll(Point designPoint, double deltaY, bool /*precise*/) {
+  // Both kinds of delta count by their sign only.
+  auto hit = trayControlAt(*panels_, designPoint);
+  return hit && scrollTrayControl(model_, *hit->control, deltaY);
+}
+
+nlohmann::json TaskbarPanelController::describeTray() const {
+  return tolv::describeTray(*panels_);
+}
+
 void TaskbarPanelController::pointerClicked(Point designPoint, MouseButton button) {
+  if (clickTray(designPoint, button)) return;
   auto report = click(designPoint, button);
   if (report && report->decision.result == ClickResult::OpenMenu) popUpLastMenu();
 }
@@ -371,6 +395,52 @@ void TaskbarPanelController::drag(const std::vector<Point>& path, MouseButton bu
 void TaskbarPanelController::redraw() {
   for (const auto& panel : panels_->panels())
     window(*panel).redraw();
+  syncTrayPopup();
+}
+
+void TaskbarPanelController::syncTrayPopup() {
+  auto wanted = wantedTrayPopup(model_);
+  std::optional<int> kind = wanted ? std::optional(static_cast<int>(*wanted)) : std::nullopt;
+  if (kind == trayPopupKind_) return;
+  trayPopupKind_ = kind;
+  if (trayPopup_) {
+    trayPopup_->hide();
+    trayPopup_.release()->deleteLater();
+  }
+  if (!wanted) return;
+  // The popup stands beside its control on the main screen, on the side away
+  // from the screen edge.
+  std::optional<Rect> anchor;
+  for (const auto& panel : panels_->panels()) {
+    if (panel->screenIndex != 0) continue;
+    for (const auto& control : panel->drawing.tray) {
+      if (control.kind == trayPopupAnchor(*wanted)) anchor = trayFrameOnScreen(*panel, control);
+    }
+  }
+  if (!anchor) return;
+  switch (*wanted) {
+    case TrayPopupKind::AttentionList:
+      trayPopup_ = makeAttentionList(model_);
+      break;
+    case TrayPopupKind::VolumeSlider:
+      trayPopup_ = makeMediaSlider(model_, MediaControl::Volume);
+      break;
+    case TrayPopupKind::BrightnessSlider:
+      trayPopup_ = makeMediaSlider(model_, MediaControl::Brightness);
+      break;
+    case TrayPopupKind::BatteryStatus:
+      trayPopup_ = makeBatteryStatus(model_);
+      break;
+  }
+  trayPopup_->setWindowFlags(Qt::ToolTip | Qt::FramelessWindowHint);
+  QSize size = trayPopup_->sizeHint();
+  auto screens = model_.platform().screens->screens();
+  double top = screens.empty() ? 0.0 : screens.front().frame.maxY();
+  bool topBar = isTopEdge(panels_->location());
+  double x = std::max(anchor->maxX() - size.width(), 0.0);
+  double y = topBar ? top - anchor->y : top - anchor->maxY() - size.height();
+  trayPopup_->move(qRound(x), qRound(y));
+  trayPopup_->show();
 }
 
 nlohmann::json TaskbarPanelController::describePanels() const {

@@ -61,6 +61,12 @@ class TaskbarPanelController : public TaskbarController {
   void drag(const std::vector<Point>& path, MouseButton button);
   // What the pointer does in a panel's view, in the design's coordinates.
   void pointerEvent(Point designPoint, MouseButton button, PointerPhase phase);
+  // A click on a tray control; whether one was under the point.
+  bool clickTray(Point designPoint, MouseButton button);
+  // A wheel turn at a point; whether a tray control consumed it.
+  bool scroll(Point designPoint, double deltaY, bool precise);
+  // The main screen's drawn tray controls in order.
+  nlohmann::json describeTray() const;
   // The menu the last right click opened, until an item is chosen.
   const std::optional<Menu>& lastMenu() const { return lastMenu_; }
   // Chooses the last menu's first item of that title; whether its action ran.
@@ -116,6 +122,8 @@ class TaskbarPanelController : public TaskbarController {
   bool performChosenAction(const MenuAction& action);
   // Opens the workspace list at the tab that stands for all workspaces.
   bool openWorkspacePanel();
+  // Opens, keeps or closes the tray's popup as the model's tray state says.
+  void syncTrayPopup();
 
   AppModel& model_;
   std::unique_ptr<WindowFactory> factory_;
@@ -133,6 +141,8 @@ class TaskbarPanelController : public TaskbarController {
   std::unique_ptr<QMenu> shownMenu_;
   std::unique_ptr<QWidget> popupWindow_;
   std::unique_ptr<Timer> menuButtonHide_;
+  std::unique_ptr<QWidget> trayPopup_;
+  std::optional<int> trayPopupKind_;
 };
 
 // A name made safe for a file: anything but letters, digits, '.', '-' and '_' becomes '_'.

@@ -3,12 +3,15 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <QWheelEvent>
 
 #include "model/AppModel.h"
+#include "taskbar/TabColors.h"
 #include "taskbar/TaskbarLocation.h"
 #include "taskbar/TaskbarPanels.h"
 #include "taskbar/view/Glyphs.h"
 #include "taskbar/view/TabPainter.h"
+#include "taskbar/view/TrayPainter.h"
 
 namespace tolv {
 
@@ -100,11 +103,27 @@ void paintDragMarks(QPainter& painter, const TabDrawing& tab, const TaskDragStat
   }
 }
 
+TrayLook trayLook(const AppModel& model) {
+  TrayLook look;
+  look.batteryColors = model.tray.batteryColors;
+  look.battery = model.batteryStatus.get();
+  Rgba badge = badgeColor(model.settings.notificationBadgeColor);
+  look.badgeColor = QColor::fromRgbF(static_cast<float>(badge.red), static_cast<float>(badge.green),
+                                     static_cast<float>(badge.blue));
+  look.volumeSliderShown = model.tray.volumeSliderShown;
+  look.brightnessSliderShown = model.tray.brightnessSliderShown;
+  return look;
+}
+
 }  // namespace
 
 TaskbarView::TaskbarView(const AppModel& model, const TaskbarPanel& panel, QWidget* parent,
-                         PointerHandler onPointer)
-    : QWidget(parent), model_(model), panel_(panel), onPointer_(std::move(onPointer)) {
+                         PointerHandler onPointer, WheelHandler onWheel)
+    : QWidget(parent),
+      model_(model),
+      panel_(panel),
+      onPointer_(std::move(onPointer)),
+      onWheel_(std::move(onWheel)) {
   setAttribute(Qt::WA_TranslucentBackground);
 }
 
@@ -131,12 +150,21 @@ void TaskbarView::mouseReleaseEvent(QMouseEvent* event) {
   report(event, PointerPhase::Release);
 }
 
+void TaskbarView::wheelEvent(QWheelEvent* event) {
+  if (!onWheel_) return event->ignore();
+  // Trackpads give points; wheels give eighths of a degree, 120 to a step.
+  bool precise = !event->pixelDelta().isNull();
+  double deltaY = precise ? event->pixelDelta().y() : event->angleDelta().y() / 120.0;
+  onWheel_(event->position(), deltaY, precise);
+}
+
 void TaskbarView::paintEvent(QPaintEvent*) {
   const Settings& settings = model_.settings;
   const TaskbarDrawing& drawing = panel_.drawing;
   QColor base = settingColor(settings.interfaceBaseColor, kFallbackBase, settings.barOpacity);
   QColor edge = settingColor(settings.edgeColor, Qt::gray, 1);
 
+  TrayLook look = trayLook(model_);
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setRenderHint(QPainter::TextAntialiasing);
@@ -176,6 +204,9 @@ void TaskbarView::paintEvent(QPaintEvent*) {
       paintTab(painter, tab);
       if (tab.shown) paintDragMarks(painter, tab, model_.taskDrag, mirrored);
     }
+    for (const auto& control : drawing.tray) {
+      if (control.row == card.rowID) paintTrayControl(painter, control, look);
+    }
     if (card.rowID == 1 && drawing.lockMarker) {
       QColor marker = kLockMarker;
       marker.setAlphaF(0.7f);
@@ -189,6 +220,9 @@ void TaskbarView::paintEvent(QPaintEvent*) {
     if (tab.row != 0) continue;
     paintTab(painter, tab);
     paintDragMarks(painter, tab, model_.taskDrag, mirrored);
+  }
+  for (const auto& control : drawing.tray) {
+    if (control.row == 0) paintTrayControl(painter, control, look);
   }
   if (drawing.accessibilityNotice)
     paintAccessibilityNotice(painter, toQt(*drawing.accessibilityNotice));

@@ -19,19 +19,23 @@ class TaskbarView : public QWidget {
 
  public:
   using PointerHandler = std::function<void(QPointF, MouseButton, PointerPhase)>;
+  // A wheel turn: the delta along y, in points when precise, else in steps.
+  using WheelHandler = std::function<void(QPointF, double deltaY, bool precise)>;
   TaskbarView(const AppModel& model, const TaskbarPanel& panel, QWidget* parent = nullptr,
-              PointerHandler onPointer = {});
+              PointerHandler onPointer = {}, WheelHandler onWheel = {});
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
 
  private:
   const AppModel& model_;
   const TaskbarPanel& panel_;
   PointerHandler onPointer_;
+  WheelHandler onWheel_;
   void report(QMouseEvent* event, PointerPhase phase);
 };
 

@@ -94,7 +94,7 @@ TEST(ScenarioValidation, WindowSelectorsNameExactlyOneWindow) {
             "timeline[0].window.space: unknown space \"S9\"");
 }
 
-TEST(ScenarioValidation, EventsOfFeaturesNotBuiltAreCheckedThenRefused) {
+TEST(ScenarioValidation, EventsAreCheckedBeforeTheRunStarts) {
   EXPECT_EQ(readingError(withTimeline(R"({ "event": "click", "point": [10] })")),
             "timeline[0].point: expected a list of 2 numbers");
   EXPECT_EQ(
@@ -104,8 +104,12 @@ TEST(ScenarioValidation, EventsOfFeaturesNotBuiltAreCheckedThenRefused) {
             "timeline[0].title: missing");
   EXPECT_EQ(readingError(withTimeline(R"({ "event": "key", "key": "tab", "phase": "hold" })")),
             "timeline[0].phase: expected \"press\", \"down\" or \"up\"");
-  EXPECT_EQ(readingError(withTimeline(R"({ "event": "setBadge", "name": "Mail", "label": "3" })")),
-            "timeline[0].event: \"setBadge\" is not supported yet");
+  EXPECT_EQ(readingError(withTimeline(R"({ "event": "setBadge", "name": "Mail", "label": 3 })")),
+            "timeline[0].label: expected a string, found a number");
+  EXPECT_EQ(readingError(withTimeline(R"({ "event": "setVolume" })")),
+            "timeline[0].level: missing");
+  EXPECT_EQ(readingError(withTimeline(R"({ "event": "scroll", "deltaY": 1 })")),
+            "timeline[0].point: missing");
   EXPECT_EQ(readingError(withTimeline(R"({ "event": "switchSpace", "space": "Main", "x": 1 })")),
             "timeline[0].x: unknown key");
 }

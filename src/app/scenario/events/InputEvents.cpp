@@ -42,7 +42,10 @@ const EventRegistration kScroll{
       ScrollEvent scroll{.location = *entry.point("point"),
                          .deltaY = entry.number("deltaY").value_or(0),
                          .precise = entry.flag("precise").value_or(false)};
-      return StepAction([scroll](RunContext& run) { run.desktop->pointer().scroll(scroll); });
+      return StepAction([scroll](RunContext& run) {
+        run.desktop->pointer().scroll(scroll);
+        if (run.views) run.views->scroll(scroll.location, scroll.deltaY, scroll.precise);
+      });
     }};
 
 // A press at `from`, moves through the `via` points to `to`, and the release

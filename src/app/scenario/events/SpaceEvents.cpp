@@ -1,5 +1,4 @@
-// Mission Control: the user goes to a space, adds one or removes one; and the
-// Dock's badges, refused until the desktop has them.
+// Mission Control: the user goes to a space, adds one or removes one.
 
 #include "app/scenario/DesktopSetup.h"
 #include "app/scenario/Events.h"
@@ -35,13 +34,6 @@ const EventRegistration kRemoveSpace{
       context.spaces.erase(space);
       return StepAction([space](RunContext& run) { run.desktop->removeSpace(space); });
     }};
-
-const EventRegistration kSetBadge{"setBadge", [](JsonReader& entry, CompileContext&) {
-                                    entry.requireString("name");
-                                    entry.requireString("label");
-                                    refuseUnsupported(entry, "setBadge");
-                                    return StepAction();
-                                  }};
 
 }  // namespace
 }  // namespace tolv::scenario
