@@ -59,6 +59,15 @@ std::vector<std::string> entryTaskIDs(const TaskbarEntry& entry) {
   return {};
 }
 
+std::vector<std::string> primaryRowWindowIDs(const TaskRowLayout& layout) {
+  std::vector<std::string> ids;
+  for (size_t i = 0; i < layout.primaryCount && i < layout.entries.size(); ++i) {
+    for (auto& id : entryTaskIDs(layout.entries[i]))
+      ids.push_back(std::move(id));
+  }
+  return ids;
+}
+
 LockedPartition partitionLockedEntries(std::vector<TaskbarEntry> entries, bool overflowReturnLocked,
                                        const std::set<std::string>& lockedMainWindowIDs) {
   LockedPartition partition;

@@ -73,6 +73,9 @@ struct TaskRowLayout {
   double primaryOverflowLeftEdge() const;
 };
 
+// The window identifiers of the entries the primary row holds.
+std::vector<std::string> primaryRowWindowIDs(const TaskRowLayout& layout);
+
 TaskRowLayout layoutTaskRows(const TaskRowLayoutInput& input, TextMeasurer& measurer);
 
 }  // namespace tolv

@@ -16,15 +16,6 @@ bool sameTarget(const DropTarget& a, const DropTarget& b) {
   return a.kind == b.kind && a.targetID == b.targetID && a.frame == b.frame;
 }
 
-std::vector<std::string> primaryRowWindowIDs(const TaskRowLayout& layout) {
-  std::vector<std::string> ids;
-  for (size_t i = 0; i < layout.primaryCount && i < layout.entries.size(); ++i) {
-    for (auto& id : entryTaskIDs(layout.entries[i]))
-      ids.push_back(std::move(id));
-  }
-  return ids;
-}
-
 }  // namespace
 
 TaskbarPointerDrag::TaskbarPointerDrag(AppModel& model, TaskbarPanels& panels)

@@ -32,15 +32,6 @@ void showSnapshotModeNotice(AppModel& model) {
   model.presentAlert(alert, true, 0.5);
 }
 
-std::vector<std::string> primaryWindowIDs(const TaskRowLayout& layout) {
-  std::vector<std::string> ids;
-  for (size_t i = 0; i < layout.primaryCount && i < layout.entries.size(); ++i) {
-    for (auto& id : entryTaskIDs(layout.entries[i]))
-      ids.push_back(std::move(id));
-  }
-  return ids;
-}
-
 }  // namespace
 
 Rect trayFrameOnScreen(const TaskbarPanel& panel, const TrayControl& control) {
@@ -104,7 +95,7 @@ bool clickTrayControl(AppModel& model, const TaskbarPanel& panel, const TrayCont
       model.refreshTasksFromTray();
       return true;
     case TrayKind::Lock:
-      model.toggleOverflowReturnLock(primaryWindowIDs(panel.layout));
+      model.toggleOverflowReturnLock(primaryRowWindowIDs(panel.layout));
       return true;
     case TrayKind::HideAll:
       model.hideAllWindows();
