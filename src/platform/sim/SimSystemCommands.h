@@ -27,6 +27,9 @@ class SimSystemCommands : public SystemCommands {
   // a system without an overview.
   bool hasDesktopOverview() const override { return hasOverview_; }
   void setHasDesktopOverview(bool has) { hasOverview_ = has; }
+  // Logs a "tool" entry with the path and arguments of killall.
+  void restartDock() override;
+  bool hasDock() const override { return true; }
 
  private:
   SimDesktop& desktop_;
