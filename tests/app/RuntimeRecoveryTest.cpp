@@ -9,6 +9,7 @@
 #include "platform/sim/SimAlerts.h"
 #include "platform/sim/SimProcesses.h"
 #include "platform/sim/SimRestart.h"
+#include "platform/sim/SimSystemCommands.h"
 #include "platform/sim/SimUserDefaults.h"
 #include "platform/sim/SimWorkspace.h"
 #include "support/StartedModel.h"
@@ -197,6 +198,21 @@ TEST_F(Recovery, TheDialogsBoxesDecideWhatRestarts) {
   desktop.runLoop().runUntilIdle();
   EXPECT_THAT(actionKinds(), ElementsAre("tool", "tool", "relaunch"));
   EXPECT_TRUE(desktop.processes().terminationRequested());
+}
+
+TEST_F(Recovery, WithoutADockTheDialogHasNoDockBoxAndNothingRestartsIt) {
+  desktop.systemCommands().setHasDock(false);
+  answer(0);
+  recovery().showManualRestartDialog();
+  ASSERT_EQ(lastAlert().checkBoxes.size(), 1u);
+  EXPECT_EQ(lastAlert().checkBoxes[0].title, "Restart Tolv");
+  desktop.runLoop().runUntilIdle();
+  EXPECT_THAT(actionKinds(), ElementsAre("relaunch"));
+
+  // Asked for directly, the Dock's restart is left out too.
+  recovery_.reset();
+  recovery().performRestart({.app = false, .dock = true});
+  EXPECT_THAT(actionKinds(), ElementsAre("relaunch"));
 }
 
 TEST_F(Recovery, AManualRestartLeavesTheWorkspaceBackupForTheNextStart) {
