@@ -148,5 +148,40 @@ TEST_F(LiveRestart, ARestartReplacesTheProcessFromAPathWithAQuoteKeepingTheArran
   EXPECT_EQ(lines[0]["taskOrder"], before["taskOrder"]);
 }
 
+// "Show Error Log" and the settings' log row reach the desktop's own default
+// applications: the test installs one for text and folders that notes what it
+// was asked to open.
+TEST_F(LiveRestart, TheLogOpensInTheDefaultEditorAndItsFolderInTheFileManager) {
+  const std::string record = scratchFolder() + "/opened.txt";
+  const std::string script = scratchFolder() + "/record-open";
+  std::ofstream(script) << "#!/bin/sh\nfor f in \"$@\"; do printf '%s\\n' \"$f\" >> '" + record +
+                               "'; done\n";
+  fs::permissions(script, fs::perms::owner_all);
+  fs::create_directories(scratchFolder() + "/data/applications");
+  fs::create_directories(scratchFolder() + "/config");
+  std::ofstream(scratchFolder() + "/data/applications/tolv-test-recorder.desktop")
+      << "[Desktop Entry]\nType=Application\nName=Recorder\nExec=" + script +
+             " %F\nMimeType=text/plain;inode/directory;\n";
+  std::ofstream(scratchFolder() + "/config/mimeapps.list")
+      << "[Default Applications]\ntext/plain=tolv-test-recorder.desktop\n"
+         "inode/directory=tolv-test-recorder.desktop\n";
+
+  const std::string scenario = scratchFolder() + "/log.json";
+  std::ofstream(scenario)
+      << Json{{"runFor", 2}, {"timeline", {{{"at", 1}, {"call", "openRuntimeLog"}}}}}.dump();
+  const std::string output = scratchFolder() + "/tolv.out";
+  Pid tolv = spawn({tolvProgram(), "--scenario", scenario}, output);
+  ASSERT_EQ(waitForExit(tolv), 0) << contents(output);
+
+  const std::string log = dataFolder + "/runtime-errors.log";
+  EXPECT_TRUE(fs::exists(log));
+  ASSERT_TRUE(waitUntil([&] {
+    const std::string opened = contents(record);
+    return opened.find(log + "\n") != std::string::npos &&
+           opened.find(dataFolder + "\n") != std::string::npos;
+  })) << contents(record)
+      << contents(output);
+}
+
 }  // namespace
 }  // namespace tolv::x11::testing
