@@ -38,7 +38,8 @@ if(BUILD_TESTING)
 endif()
 
 # The live X11 desktop: xcb with its helper libraries, Xlib for the decoding of
-# compound text, and libplist for the defaults store. Only the toolkit build needs them.
+# compound text, libplist for the defaults store, and GIO for default
+# applications and launching. Only the toolkit build needs them.
 if(NOT TOLV_CORE_ONLY)
   find_package(PkgConfig QUIET)
   if(NOT PkgConfig_FOUND)
@@ -48,7 +49,8 @@ if(NOT TOLV_CORE_ONLY)
       "xcb;libxcb1-dev" "xcb-ewmh;libxcb-ewmh-dev" "xcb-icccm;libxcb-icccm4-dev"
       "xcb-randr;libxcb-randr0-dev" "xcb-keysyms;libxcb-keysyms1-dev"
       "xcb-xtest;libxcb-xtest0-dev" "xcb-xinput;libxcb-xinput-dev" "x11;libx11-dev"
-      "libplist-2.0;libplist-dev" "libpulse;libpulse-dev" "libpulse-mainloop-glib;libpulse-dev")
+      "libplist-2.0;libplist-dev" "libpulse;libpulse-dev" "libpulse-mainloop-glib;libpulse-dev"
+      "gio-2.0;libglib2.0-dev")
     list(GET entry 0 module)
     list(GET entry 1 package)
     string(TOUPPER "${module}" variable)

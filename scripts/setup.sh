@@ -18,6 +18,8 @@ packages=(
   libxcb-xtest0-dev libxcb-xinput-dev libx11-dev libplist-dev
   # the tray on the live desktop: volume through libpulse
   libpulse-dev
+  # default applications and launching on the live desktop: GIO
+  libglib2.0-dev
   # end-to-end tests: a real X server, window manager and clients
   xvfb openbox x11-apps xterm xdotool x11-utils
   # and the tray's services: a session bus, gdbus to send launcher-entry

@@ -22,7 +22,8 @@ Platform withRuntimeLog(Platform platform, std::unique_ptr<RuntimeIssueFile>& ow
 AppDelegate::AppDelegate(const Platform& platform, ControllerFactories factories)
     : platform_(withRuntimeLog(platform, ownRuntimeLog_)),
       factories_(std::move(factories)),
-      model_(AppModel::make(platform_)) {}
+      model_(AppModel::make(platform_)),
+      recovery_(std::make_unique<RuntimeRecovery>(platform_, *model_)) {}
 
 AppDelegate::~AppDelegate() {
   releaseRegistrations();
@@ -40,6 +41,7 @@ void AppDelegate::applicationDidFinishLaunching() {
   platform_.processes->setActivationPolicy(ActivationPolicy::Accessory);
   if (!ensureSingleInstance()) return;
 
+  recovery_->observe();
   buildControllers();
   installEscapeMonitors();
   if (taskbar_) {
@@ -53,6 +55,7 @@ void AppDelegate::applicationDidFinishLaunching() {
   configureHotKeys();
   settingsSubscription_ = model_->modelChanged.subscribe([this] { configureHotKeys(); });
   state_ = State::Running;
+  recovery_->presentPendingRuntimeIssue();
 }
 
 void AppDelegate::applicationWillTerminate() {
@@ -64,6 +67,7 @@ void AppDelegate::applicationWillTerminate() {
 
 void AppDelegate::releaseRegistrations() {
   settingsSubscription_.reset();
+  recovery_->stopObserving();
   if (externalActivationObserver_) {
     platform_.workspace->notificationCenter().removeObserver(*externalActivationObserver_);
     externalActivationObserver_.reset();

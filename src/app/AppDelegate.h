@@ -6,6 +6,7 @@
 
 #include "app/AppControllers.h"
 #include "app/RuntimeIssues.h"
+#include "app/RuntimeRecovery.h"
 #include "model/AppModel.h"
 #include "platform/Platform.h"
 
@@ -34,9 +35,10 @@ class AppDelegate {
   AppDelegate(const AppDelegate&) = delete;
   AppDelegate& operator=(const AppDelegate&) = delete;
 
-  // The launch order: accessory policy, single instance, the controllers, the
-  // panels, the model's start, the first view, the global keys. Stops early
-  // when this copy must not go on.
+  // The launch order: accessory policy, single instance, the recovery
+  // observers, the controllers, the panels, the model's start, the first view,
+  // the global keys, and last the alert of issues from an earlier run. Stops
+  // early when this copy must not go on.
   void applicationDidFinishLaunching();
   // Removes observers, monitors and hot keys, takes down the switcher's keys
   // and stops the model.
@@ -56,6 +58,8 @@ class AppDelegate {
   StartMenuController* startMenuController() { return startMenu_.get(); }
   SwitcherController* switcherController() { return switcher_.get(); }
   SettingsController* settingsController() { return settings_.get(); }
+  // The issue alert and every restart.
+  RuntimeRecovery& recovery() { return *recovery_; }
 
  private:
   void buildControllers();
@@ -80,6 +84,7 @@ class AppDelegate {
   Platform platform_;
   ControllerFactories factories_;
   std::shared_ptr<AppModel> model_;
+  std::unique_ptr<RuntimeRecovery> recovery_;
   std::unique_ptr<SettingsController> settings_;
   std::unique_ptr<StartMenuController> startMenu_;
   std::unique_ptr<SwitcherController> switcher_;

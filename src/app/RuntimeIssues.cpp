@@ -36,6 +36,14 @@ std::string runtimeLogPath(FileSystem& fileSystem) {
   return fileSystem.applicationSupportFolder() + "/" + kRuntimeLogFileName;
 }
 
+std::string folderNotCreatedDescription(const std::string& folder) {
+  return "The folder \u201C" + folder + "\u201D couldn\u2019t be created.";
+}
+
+std::string logNotSavedDescription() {
+  return std::string("The file \u201C") + kRuntimeLogFileName + "\u201D couldn\u2019t be saved.";
+}
+
 namespace {
 
 // Appends the entry to the log, or writes it as a new file; the failure's
@@ -43,14 +51,14 @@ namespace {
 std::optional<std::string> appendToLog(FileSystem& fileSystem, const std::string& entry) {
   const std::string folder = fileSystem.applicationSupportFolder();
   if (!fileSystem.createDirectories(folder)) {
-    return "The folder \u201C" + folder + "\u201D couldn\u2019t be created.";
+    return folderNotCreatedDescription(folder);
   }
   const std::string path = runtimeLogPath(fileSystem);
   std::vector<uint8_t> bytes(entry.begin(), entry.end());
   bool written = fileSystem.exists(path) ? fileSystem.appendToFile(path, bytes)
                                          : fileSystem.writeFileAtomically(path, bytes);
   if (!written) {
-    return std::string("The file \u201C") + kRuntimeLogFileName + "\u201D couldn\u2019t be saved.";
+    return logNotSavedDescription();
   }
   return std::nullopt;
 }

@@ -25,6 +25,10 @@ std::string runtimeIssueLogEntry(double secondsSince1970, std::string_view versi
 
 std::string runtimeLogPath(FileSystem& fileSystem);
 
+// The descriptions of the log's two failures, as the user reads them.
+std::string folderNotCreatedDescription(const std::string& folder);
+std::string logNotSavedDescription();
+
 // Appends an internal fault to the log. With `notify`, the issue is also kept
 // for the user in the defaults, after any issues still waiting there, and
 // TolvRuntimeIssueRecorded is posted on the main queue, so that whoever reacts

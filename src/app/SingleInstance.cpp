@@ -46,6 +46,14 @@ std::string versionLine(const BundleInfo& bundle) {
 bool ensureSingleInstance(const InstanceCheck& check) {
   if (!check.bundle.identifier) return true;
   std::vector<Pid> others = check.processes.runningCopies(*check.bundle.identifier);
+  std::vector<Pid> restarting;
+  for (Pid pid : others) {
+    if (check.processes.isEndingForRestart(pid)) restarting.push_back(pid);
+  }
+  if (!restarting.empty()) {
+    waitForEnd(check, restarting, instance_wait::ForRestart);
+    std::erase_if(others, [&](Pid pid) { return !isProcessAlive(check.processes, pid); });
+  }
   if (others.empty()) return true;
 
   check.processes.activateSelf();

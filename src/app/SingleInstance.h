@@ -19,6 +19,9 @@ inline constexpr double AfterSignal9 = 1.0;
 inline constexpr double Last = 0.75;
 inline constexpr double Least = 0.1;
 inline constexpr double Step = 0.025;
+// How long a copy that is ending for a restart is given to make way for its
+// new instance before it counts as any other running copy.
+inline constexpr double ForRestart = 5.0;
 }  // namespace instance_wait
 
 // What the single-instance check needs: the processes, the run loop it spins
@@ -36,7 +39,8 @@ struct InstanceCheck {
 // what the bundle doesn't tell.
 std::string versionLine(const BundleInfo& bundle);
 
-// Makes sure this is the only running copy. Another copy found, the user
+// Makes sure this is the only running copy. A copy that is ending in favour of
+// this one (a restart) is waited for without a word. Another copy found, the user
 // chooses: "OK" ends the other copies, step by step up to signal 9, "Cancel"
 // ends this one. Answers whether launching may go on; when it may not, this
 // process has been asked to terminate.

@@ -19,12 +19,20 @@ struct AlertTextField {
   std::string placeholder;
 };
 
+// A check box of an alert's accessory view, at its place in the view (y up).
+struct AlertCheckBox {
+  std::string title;
+  bool checked = false;
+  Rect frame;
+};
+
 struct Alert {
   AlertStyle style = AlertStyle::Warning;
   std::string title;
   std::string text;
   std::vector<std::string> buttons;  // the first is the default
   std::optional<AlertTextField> textField;
+  std::vector<AlertCheckBox> checkBoxes;
 };
 
 // Where an alert stands: centred on its screen, or at a fraction of the screen's
@@ -52,7 +60,8 @@ inline constexpr int kFirstButtonResponse = 1000;
 
 struct AlertResult {
   int response = kFirstButtonResponse;
-  std::string fieldValue;  // the text field's content when the alert has one
+  std::string fieldValue;            // the text field's content when the alert has one
+  std::vector<bool> checkBoxStates;  // as the user left the check boxes, in order
 };
 
 // Modal alerts. Stands for NSAlert run modally above every space.

@@ -7,9 +7,11 @@
 #include "platform/Brightness.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
+#include "platform/FileViewer.h"
 #include "platform/HotKeys.h"
 #include "platform/Images.h"
 #include "platform/Input.h"
+#include "platform/InstanceLauncher.h"
 #include "platform/NotificationCenter.h"
 #include "platform/Pointer.h"
 #include "platform/Power.h"
@@ -57,6 +59,9 @@ struct Platform {
   RuntimeIssueLog* runtimeIssueLog = nullptr;
   // The window server's spaces; may be absent, and then one desktop stands in.
   Spaces* spaces = nullptr;
+  // Restarts: the new instance of this program, and showing the runtime log.
+  InstanceLauncher* instanceLauncher = nullptr;
+  FileViewer* fileViewer = nullptr;
 };
 
 }  // namespace tolv

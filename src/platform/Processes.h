@@ -41,6 +41,13 @@ class Processes {
   // termination once the current work is done.
   virtual void terminateSelf() = 0;
   virtual bool terminationRequested() const = 0;
+
+  // Marks this copy as one that is about to end in favour of a new instance of
+  // itself (a restart), or takes the mark back when the new instance could
+  // not be started. A copy that starts while the mark stands waits for this
+  // one to end instead of asking the user to replace it.
+  virtual void setEndingForRestart(bool ending) = 0;
+  virtual bool isEndingForRestart(Pid pid) = 0;
 };
 
 // A pid counts as alive while a probe reaches it or is refused for want of

@@ -38,6 +38,13 @@ class SystemCommands {
   // Whether the system has such an overview at all; where it has none, the
   // controls that would open it are shown disabled.
   virtual bool hasDesktopOverview() const = 0;
+
+  // Restarts the Dock, without waiting for it. Stands for /usr/bin/killall
+  // with the argument "Dock" through NSTask; a failure to launch is ignored.
+  virtual void restartDock() = 0;
+  // Whether the system has a Dock to restart; where it has none, the controls
+  // that would restart it are left out.
+  virtual bool hasDock() const = 0;
 };
 
 }  // namespace tolv

@@ -25,7 +25,7 @@ using Clock = std::chrono::steady_clock;
 // A probe process with its standard output read back; reaped as soon as it ends.
 class Probe {
  public:
-  Probe(const std::string& folder, const char* answer, bool ignoreTerminate) {
+  Probe(const std::string& folder, const char* answer, const char* flag) {
     int out[2];
     if (::pipe(out) != 0) return;
     pid_ = ::fork();
@@ -34,7 +34,6 @@ class Probe {
       ::close(out[0]);
       ::close(out[1]);
       if (answer) ::setenv("TOLV_ALERT_ANSWER", answer, 1);
-      const char* flag = ignoreTerminate ? "--ignore-terminate" : nullptr;
       ::execl(TOLV_INSTANCE_PROBE, TOLV_INSTANCE_PROBE, folder.c_str(), flag, nullptr);
       ::_exit(127);
     }
@@ -92,8 +91,8 @@ class SingleInstanceProcessTest : public ::testing::Test {
     fs::remove_all(folder);
   }
 
-  Probe& start(const char* answer = nullptr, bool ignoreTerminate = false) {
-    probes.push_back(std::make_unique<Probe>(folder, answer, ignoreTerminate));
+  Probe& start(const char* answer = nullptr, const char* flag = nullptr) {
+    probes.push_back(std::make_unique<Probe>(folder, answer, flag));
     return *probes.back();
   }
 
@@ -156,7 +155,7 @@ TEST_F(SingleInstanceProcessTest, CancelEndsTheSecondCopyAndTheFirstLives) {
 }
 
 TEST_F(SingleInstanceProcessTest, ACopyThatIgnoresTerminationIsKilled) {
-  Probe& first = start(nullptr, true);
+  Probe& first = start(nullptr, "--ignore-terminate");
   ASSERT_TRUE(until([&] { return first.printed("running"); }));
 
   Probe& second = start("OK");
@@ -164,6 +163,30 @@ TEST_F(SingleInstanceProcessTest, ACopyThatIgnoresTerminationIsKilled) {
   EXPECT_TRUE(second.printed("running"));
   ASSERT_TRUE(until([&] { return first.ended(); }));
   EXPECT_TRUE(first.killedBy(SIGKILL));
+}
+
+TEST_F(SingleInstanceProcessTest, ARestartsNewCopyWaitsForTheOldOneWithoutAsking) {
+  Probe& old = start(nullptr, "--restart");
+  // The new copy shares the old one's output: it would print the alert's title,
+  // and take "Cancel", had it asked.
+  ASSERT_TRUE(until([&] { return old.ended() && old.text() == "running\nrestarting\nrunning\n"; }))
+      << old.text();
+  EXPECT_TRUE(old.endedCleanly());
+
+  std::vector<fs::path> left;
+  for (const auto& entry : fs::directory_iterator(folder))
+    left.push_back(entry.path().filename());
+  ASSERT_EQ(left.size(), 1u);
+  const std::string name = left.front().string();
+  const std::string oldFile = "com.example.Tolv-" + std::to_string(old.pid()) + ".pid";
+  EXPECT_NE(name, oldFile);
+  ASSERT_TRUE(name.ends_with(".pid")) << name;
+  pid_t newPid = std::stoi(name.substr(std::string("com.example.Tolv-").size()));
+  EXPECT_EQ(::kill(newPid, 0), 0);
+  ::kill(newPid, SIGTERM);
+  for (int i = 0; i < 400 && ::kill(newPid, 0) == 0; ++i)
+    ::usleep(25000);
+  EXPECT_NE(::kill(newPid, 0), 0);
 }
 
 }  // namespace

@@ -3,8 +3,10 @@
 #include "app/scenario/PropertyJson.h"
 #include "model/AppModel.h"
 #include "model/SettingsCatalogue.h"
+#include "platform/sim/SimRestart.h"
 #include "platform/sim/SimTray.h"
 #include "platform/sim/SimUserDefaults.h"
+#include "platform/sim/SimWorkspace.h"
 
 namespace tolv::scenario {
 
@@ -205,6 +207,7 @@ sim::SimProcessSetup readOtherCopy(JsonReader copy) {
   setup.ignoresTerminate = copy.flag("ignoresTerminate").value_or(false);
   setup.ignoresSignal15 = copy.flag("ignoresSignal15").value_or(false);
   setup.ownedByOtherUser = copy.flag("otherUser").value_or(false);
+  setup.endingForRestart = copy.flag("endingForRestart").value_or(false);
   copy.finish();
   return setup;
 }
@@ -280,6 +283,8 @@ DesktopSetup readDesktop(JsonReader desktop) {
       setup.otherCopies.push_back(readOtherCopy(JsonReader(copies[i], place)));
     }
   }
+  setup.bundlePath = desktop.string("bundlePath");
+  setup.relaunchFailure = desktop.string("relaunchFails");
   desktop.finish();
   return setup;
 }
@@ -301,6 +306,12 @@ void buildDesktop(sim::SimDesktop& desktop, const DesktopSetup& setup) {
   buildTray(desktop, setup.tray);
   for (const auto& copy : setup.otherCopies)
     desktop.processes().addProcess(copy);
+  if (setup.bundlePath) {
+    BundleInfo bundle = desktop.workspace().mainBundle();
+    bundle.path = *setup.bundlePath;
+    desktop.workspace().setMainBundle(bundle);
+  }
+  desktop.instanceLauncher().setLaunchFailure(setup.relaunchFailure);
 }
 
 }  // namespace tolv::scenario

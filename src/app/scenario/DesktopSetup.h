@@ -34,6 +34,10 @@ struct DesktopSetup {
   // Other copies of Tolv already running, each answering a request to quit as
   // it is told to.
   std::vector<sim::SimProcessSetup> otherCopies;
+  // Where Tolv runs from; a path that isn't an application bundle can't restart.
+  std::optional<std::string> bundlePath;
+  // The description a restart's new instance fails with; nothing: it starts.
+  std::optional<std::string> relaunchFailure;
 
   // The keys windows and events name spaces by: the uuid, else "msid:" + number.
   std::set<std::string> spaceIdentifiers() const;

@@ -231,7 +231,11 @@ StepAction readCall(JsonReader& entry, const CompileContext& context) {
       resolved.push_back(resolveArgument(run.model, operation->parameters[i].kind, given[i].first,
                                          given[i].second));
     }
-    operation->run(run.model, Arguments(std::move(resolved)));
+    if (operation->runInApplication) {
+      operation->runInApplication(run, Arguments(std::move(resolved)));
+    } else {
+      operation->run(run.model, Arguments(std::move(resolved)));
+    }
   };
 }
 

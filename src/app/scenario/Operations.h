@@ -80,6 +80,8 @@ struct Operation {
   std::string name;
   std::vector<Parameter> parameters;
   std::function<void(AppModel&, const Arguments&)> run;
+  // Instead of `run`, for the operations of the application around the model.
+  std::function<void(RunContext&, const Arguments&)> runInApplication = nullptr;
 };
 
 struct OperationRegistration {

@@ -9,6 +9,10 @@
 #include "model/AppModel.h"
 #include "platform/sim/SimDesktop.h"
 
+namespace tolv {
+class AppDelegate;
+}
+
 namespace tolv::scenario {
 
 // What a timeline entry acts on while the scenario runs.
@@ -22,6 +26,8 @@ struct RunContext {
   std::function<void(const nlohmann::ordered_json&)> writeLine;
   // The run loop's time when the run started; checkpoint times count from it.
   double startTime = 0;
+  // The application around the model, for the operations that live there.
+  AppDelegate* delegate = nullptr;
 };
 
 // What the checks before the run know about the timeline as it goes.

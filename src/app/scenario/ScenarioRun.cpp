@@ -45,7 +45,7 @@ void ScenarioRun::launch() {
   if (desktop_) delegate_->model().makeGroupKey = sequentialGroupKeys();
   context_.reset(new RunContext{desktop_.get(), delegate_->model(), views_,
                                 options_.snapshotDirectory, options_.writeLine,
-                                platform.runLoop->now()});
+                                platform.runLoop->now(), delegate_.get()});
   while (next_ < scenario_.timeline.size() && scenario_.timeline[next_].at <= 0)
     runNextStep();
   delegate_->applicationDidFinishLaunching();

@@ -13,6 +13,7 @@
 #include "app/scenario/ScenarioRun.h"
 #include "app/view/AppEventLoop.h"
 #include "app/view/PanelScenarioViews.h"
+#include "platform/qt/QtInstanceLauncher.h"
 #include "platform/qt/QtPlatform.h"
 #include "platform/x11/DockWindow.h"
 #include "platform/x11/X11Platform.h"
@@ -92,6 +93,9 @@ int runScenario(const Platform& platform, PanelScenarioViews& views, LiveScenari
 }  // namespace
 
 int runLiveDesktop(int& argc, char** argv, std::optional<LiveScenarioOptions> liveScenario) {
+  // Taken before the toolkit or anything else here changes the arguments or the
+  // environment, so that a restart starts the program as the user did.
+  auto commandLine = qt::CommandLine::ofThisProcess(argc, argv);
   // The panels are windows of the X display, whatever the environment asks of the toolkit.
   ::setenv("QT_QPA_PLATFORM", "xcb", 1);
   qt::ensureApplication(argc, argv);
@@ -102,6 +106,8 @@ int runLiveDesktop(int& argc, char** argv, std::optional<LiveScenarioOptions> li
   }
   RuntimeIssueFile runtimeLog(desktop->platform());
   desktop->setRuntimeIssueLog(&runtimeLog);
+  qt::QtInstanceLauncher launcher(*desktop->platform().runLoop, std::move(commandLine));
+  desktop->setInstanceLauncher(&launcher);
   DockPanels docks(*desktop);
   PanelScenarioViews views;
   if (liveScenario) return runScenario(desktop->platform(), views, std::move(*liveScenario));

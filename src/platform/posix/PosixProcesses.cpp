@@ -25,6 +25,8 @@ void noteTerminationSignal(int) {
   terminationSignalled = 1;
 }
 
+constexpr const char* kRestartSuffix = ".restart";
+
 std::string pidFileName(const std::string& bundleIdentifier, Pid pid) {
   return bundleIdentifier + "-" + std::to_string(pid) + ".pid";
 }
@@ -64,7 +66,7 @@ std::string PosixProcesses::instanceFolder() {
 }
 
 PosixProcesses::PosixProcesses(std::string bundleIdentifier, std::string folder)
-    : folder_(std::move(folder)) {
+    : folder_(std::move(folder)), bundleIdentifier_(bundleIdentifier) {
   std::error_code ignored;
   fs::create_directories(folder_, ignored);
   ownFile_ = (fs::path(folder_) / pidFileName(bundleIdentifier, ::getpid())).string();
@@ -86,6 +88,7 @@ PosixProcesses::PosixProcesses(std::string bundleIdentifier, std::string folder)
 
 PosixProcesses::~PosixProcesses() {
   if (lockFd_ < 0) return;
+  ::unlink((ownFile_ + kRestartSuffix).c_str());
   ::unlink(ownFile_.c_str());
   ::close(lockFd_);
 }
@@ -100,6 +103,7 @@ std::vector<Pid> PosixProcesses::runningCopies(const std::string& bundleIdentifi
     int fd = ::open(entry.path().c_str(), O_RDONLY | O_CLOEXEC);
     if (fd < 0) continue;
     if (::flock(fd, LOCK_SH | LOCK_NB) == 0) {
+      ::unlink((entry.path().string() + kRestartSuffix).c_str());
       ::unlink(entry.path().c_str());
     } else if (errno == EWOULDBLOCK) {
       copies.push_back(*pid);
@@ -116,6 +120,24 @@ void PosixProcesses::terminate(Pid pid) {
 
 bool PosixProcesses::terminationRequested() const {
   return terminationRequested_ || terminationSignalled != 0;
+}
+
+void PosixProcesses::setEndingForRestart(bool ending) {
+  if (lockFd_ < 0) return;
+  const std::string marker = ownFile_ + kRestartSuffix;
+  if (!ending) {
+    ::unlink(marker.c_str());
+    return;
+  }
+  int fd = ::open(marker.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
+  if (fd >= 0) ::close(fd);
+}
+
+bool PosixProcesses::isEndingForRestart(Pid pid) {
+  if (pid <= 0) return false;
+  std::error_code ignored;
+  const fs::path pidFile = fs::path(folder_) / pidFileName(bundleIdentifier_, pid);
+  return fs::exists(pidFile.string() + kRestartSuffix, ignored);
 }
 
 void PosixProcesses::acceptTerminationRequests() {

@@ -10,7 +10,9 @@ namespace tolv {
 // itself by a pid file that it keeps locked for as long as it lives, in a
 // per-user folder; a file whose lock is free belongs to a copy that has ended
 // and is removed by the next reader. A request to quit is SIGTERM, which a
-// copy that accepts termination requests turns into its own orderly end.
+// copy that accepts termination requests turns into its own orderly end. A
+// copy that ends for a restart says so by a second file beside its pid file,
+// named like it with ".restart" added, which goes with it.
 class PosixProcesses : public Processes {
  public:
   // Announces this process as a running copy of `bundleIdentifier` in `folder`.
@@ -32,6 +34,8 @@ class PosixProcesses : public Processes {
   void terminateSelf() override { terminationRequested_ = true; }
   // Asked for by terminateSelf, or by SIGTERM once termination requests are accepted.
   bool terminationRequested() const override;
+  void setEndingForRestart(bool ending) override;
+  bool isEndingForRestart(Pid pid) override;
 
   // From now on SIGTERM no longer ends the process on the spot: it only sets
   // terminationRequested, so that the run loop ends and the delegate's
@@ -43,6 +47,7 @@ class PosixProcesses : public Processes {
 
  private:
   std::string folder_;
+  std::string bundleIdentifier_;
   std::string ownFile_;
   int lockFd_ = -1;
   bool terminationRequested_ = false;

@@ -1,5 +1,6 @@
 #include "platform/qt/QtAlerts.h"
 
+#include <QCheckBox>
 #include <QDialog>
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -34,6 +35,13 @@ AlertResult QtAlerts::runModal(const Alert& alert, const AlertPlacement& placeme
     field->setMinimumWidth(static_cast<int>(alert.textField->width));
     layout->addWidget(field);
   }
+  std::vector<QCheckBox*> boxes;
+  for (const auto& box : alert.checkBoxes) {
+    auto* check = new QCheckBox(QString::fromStdString(box.title));
+    check->setChecked(box.checked);
+    layout->addWidget(check);
+    boxes.push_back(check);
+  }
   auto* buttons = new QHBoxLayout;
   buttons->addStretch();
   std::vector<std::string> names = alert.buttons;
@@ -67,6 +75,8 @@ AlertResult QtAlerts::runModal(const Alert& alert, const AlertPlacement& placeme
   result.response =
       code >= kFirstButtonResponse ? code : kFirstButtonResponse + int(names.size()) - 1;
   if (field) result.fieldValue = field->text().toStdString();
+  for (QCheckBox* check : boxes)
+    result.checkBoxStates.push_back(check->isChecked());
   return result;
 }
 

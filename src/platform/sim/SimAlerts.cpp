@@ -8,8 +8,10 @@ AlertResult SimAlerts::runModal(const Alert& alert, const AlertPlacement& placem
   int buttonCount = static_cast<int>(alert.buttons.size());
   AlertResult result;
   int index = std::max(0, buttonCount - 1);
+  for (const auto& box : alert.checkBoxes)
+    result.checkBoxStates.push_back(box.checked);
   if (!answers_.empty()) {
-    Answer answer = std::move(answers_.front());
+    auto [answer, checkBoxes] = std::move(answers_.front());
     answers_.pop_front();
     if (auto* given = std::get_if<int>(&answer.button)) {
       index = std::clamp(*given, 0, std::max(0, buttonCount - 1));
@@ -19,6 +21,10 @@ AlertResult SimAlerts::runModal(const Alert& alert, const AlertPlacement& placem
       if (found != alert.buttons.end()) index = static_cast<int>(found - alert.buttons.begin());
     }
     result.fieldValue = std::move(answer.fieldValue);
+    if (checkBoxes) {
+      for (size_t i = 0; i < result.checkBoxStates.size() && i < checkBoxes->size(); ++i)
+        result.checkBoxStates[i] = (*checkBoxes)[i];
+    }
   } else if (alert.textField) {
     result.fieldValue = alert.textField->value;
   }

@@ -32,12 +32,20 @@ class SimAlerts : public Alerts {
 
   AlertResult runModal(const Alert& alert, const AlertPlacement& placement) override;
 
-  void queueAnswer(Answer answer) { answers_.push_back(std::move(answer)); }
+  // `checkBoxes` are the states the alert's check boxes are left in; nothing
+  // leaves them as the alert gives them.
+  void queueAnswer(Answer answer, std::optional<std::vector<bool>> checkBoxes = std::nullopt) {
+    answers_.push_back({std::move(answer), std::move(checkBoxes)});
+  }
   const std::vector<Shown>& shown() const { return shown_; }
 
  private:
   Screens* screens_;
-  std::deque<Answer> answers_;
+  struct Queued {
+    Answer answer;
+    std::optional<std::vector<bool>> checkBoxes;
+  };
+  std::deque<Queued> answers_;
   std::vector<Shown> shown_;
 };
 

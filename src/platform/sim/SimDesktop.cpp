@@ -14,6 +14,7 @@
 #include "platform/sim/SimInput.h"
 #include "platform/sim/SimPointer.h"
 #include "platform/sim/SimProcesses.h"
+#include "platform/sim/SimRestart.h"
 #include "platform/sim/SimScreens.h"
 #include "platform/sim/SimSpaces.h"
 #include "platform/sim/SimSystemCommands.h"
@@ -42,7 +43,9 @@ SimDesktop::SimDesktop()
       power_(std::make_unique<SimPower>(calls_)),
       audio_(std::make_unique<SimAudio>(calls_)),
       brightness_(std::make_unique<SimBrightness>(calls_)),
-      systemCommands_(std::make_unique<SimSystemCommands>(*this, *input_, calls_)) {
+      systemCommands_(std::make_unique<SimSystemCommands>(*this, *input_, calls_)),
+      instanceLauncher_(std::make_unique<SimInstanceLauncher>(*this, calls_)),
+      fileViewer_(std::make_unique<SimFileViewer>(*this, calls_)) {
   setSpaces({});
   alerts_ = std::make_unique<SimAlerts>(screens_.get());
   std::string pattern = (std::filesystem::temp_directory_path() / "tolv-sim-XXXXXX").string();
@@ -90,6 +93,8 @@ Platform SimDesktop::platform() {
   platform.systemCommands = systemCommands_.get();
   platform.runtimeIssueLog = runtimeIssueLog_;
   platform.spaces = spacesService_.get();
+  platform.instanceLauncher = instanceLauncher_.get();
+  platform.fileViewer = fileViewer_.get();
   return platform;
 }
 

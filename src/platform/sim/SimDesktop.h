@@ -139,6 +139,8 @@ class SimPower;
 class SimAudio;
 class SimBrightness;
 class SimSystemCommands;
+class SimInstanceLauncher;
+class SimFileViewer;
 
 // A macOS-like desktop in memory: applications, windows, their accessibility
 // elements and the window server's view of them, user defaults and a virtual
@@ -175,6 +177,8 @@ class SimDesktop {
   SimAudio& audio() { return *audio_; }
   SimBrightness& brightness() { return *brightness_; }
   SimSystemCommands& systemCommands() { return *systemCommands_; }
+  SimInstanceLauncher& instanceLauncher() { return *instanceLauncher_; }
+  SimFileViewer& fileViewer() { return *fileViewer_; }
   // The application's runtime log, handed on in platform().
   void setRuntimeIssueLog(RuntimeIssueLog* log) { runtimeIssueLog_ = log; }
   NotificationCenter& notificationCenter() { return notificationCenter_; }
@@ -341,6 +345,8 @@ class SimDesktop {
   std::unique_ptr<SimAudio> audio_;
   std::unique_ptr<SimBrightness> brightness_;
   std::unique_ptr<SimSystemCommands> systemCommands_;
+  std::unique_ptr<SimInstanceLauncher> instanceLauncher_;
+  std::unique_ptr<SimFileViewer> fileViewer_;
   RuntimeIssueLog* runtimeIssueLog_ = nullptr;
   std::unique_ptr<FileSystem> fileSystem_;
   NotificationCenter notificationCenter_;

@@ -77,4 +77,10 @@ void SimProcesses::terminateSelf() {
   terminationRequested_ = true;
 }
 
+bool SimProcesses::isEndingForRestart(Pid pid) {
+  calls_.count("processes.isEndingForRestart");
+  const SimProcess* found = process(pid);
+  return found && found->alive && found->setup.endingForRestart;
+}
+
 }  // namespace tolv::sim

@@ -23,6 +23,8 @@ struct SimProcessSetup {
   bool ignoresSignal15 = false;
   // Belongs to another user: every signal and request is refused, so it stays.
   bool ownedByOtherUser = false;
+  // Is ending in favour of a new instance of itself (a restart under way).
+  bool endingForRestart = false;
 };
 
 struct SimProcess {
@@ -45,6 +47,9 @@ class SimProcesses : public Processes {
   void activateSelf() override;
   void terminateSelf() override;
   bool terminationRequested() const override { return terminationRequested_; }
+  void setEndingForRestart(bool ending) override { endingForRestart_ = ending; }
+  bool isEndingForRestart(Pid pid) override;
+  bool endingForRestart() const { return endingForRestart_; }
 
   void addProcess(const SimProcessSetup& setup);
   const SimProcess* process(Pid pid) const;
@@ -62,6 +67,7 @@ class SimProcesses : public Processes {
   std::optional<ActivationPolicy> activationPolicy_;
   int activations_ = 0;
   bool terminationRequested_ = false;
+  bool endingForRestart_ = false;
 };
 
 }  // namespace tolv::sim

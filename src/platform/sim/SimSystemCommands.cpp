@@ -66,4 +66,9 @@ bool SimSystemCommands::showDesktopOverview() {
   return true;
 }
 
+void SimSystemCommands::restartDock() {
+  calls_.count("systemCommands.restartDock");
+  desktop_.logAction("tool", {{"path", "/usr/bin/killall"}, {"arguments", {"Dock"}}});
+}
+
 }  // namespace tolv::sim

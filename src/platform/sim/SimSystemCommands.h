@@ -27,12 +27,19 @@ class SimSystemCommands : public SystemCommands {
   // a system without an overview.
   bool hasDesktopOverview() const override { return hasOverview_; }
   void setHasDesktopOverview(bool has) { hasOverview_ = has; }
+  // Logs a "tool" entry with the path and arguments of killall.
+  void restartDock() override;
+  // The desktop has a Dock unless a test takes it away, to stand for a system
+  // without one (the X11 desktop).
+  bool hasDock() const override { return hasDock_; }
+  void setHasDock(bool has) { hasDock_ = has; }
 
  private:
   SimDesktop& desktop_;
   SimInput& input_;
   CallCounter& calls_;
   bool hasOverview_ = true;
+  bool hasDock_ = true;
 };
 
 }  // namespace tolv::sim

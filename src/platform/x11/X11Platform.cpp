@@ -8,6 +8,7 @@
 #include "platform/qt/QtRunLoop.h"
 #include "platform/x11/Backlight.h"
 #include "platform/x11/DesktopDefaults.h"
+#include "platform/x11/DesktopFileViewer.h"
 #include "platform/x11/LauncherBadges.h"
 #include "platform/x11/PlistUserDefaults.h"
 #include "platform/x11/PulseVolume.h"
@@ -50,6 +51,7 @@ struct X11Platform::Services {
   std::unique_ptr<UPowerBattery> power;
   std::unique_ptr<PulseVolume> audio;
   std::unique_ptr<Backlight> brightness;
+  DesktopFileViewer fileViewer;
   NotificationCenter notificationCenter;
   NotificationCenter distributedNotificationCenter;
 };
@@ -113,6 +115,7 @@ std::unique_ptr<X11Platform> X11Platform::open(const std::string& display, std::
   p.audio = s.audio.get();
   p.brightness = s.brightness.get();
   p.systemCommands = s.systemCommands.get();
+  p.fileViewer = &s.fileViewer;
 
   // A defaults file that can't be read is noted in the runtime log, which the
   // application gives the platform after it is made; the note is only written,

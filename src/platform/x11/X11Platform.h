@@ -29,6 +29,9 @@ class X11Platform {
   // The application's runtime log, handed on in platform(); a defaults file
   // that can't be read is noted there.
   void setRuntimeIssueLog(RuntimeIssueLog* log) { platform_.runtimeIssueLog = log; }
+  // The way this program starts itself again; the entry point gives it, as
+  // only it knows how the program was started.
+  void setInstanceLauncher(InstanceLauncher* launcher) { platform_.instanceLauncher = launcher; }
   X11Connection& connection() { return *connection_; }
   X11Clients& clients() { return *clients_; }
   X11Pointer& pointer();

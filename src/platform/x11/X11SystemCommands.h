@@ -24,6 +24,9 @@ class X11SystemCommands : public SystemCommands {
   // EWMH has no overview of all desktops to ask for: nothing is sent.
   bool showDesktopOverview() override { return false; }
   bool hasDesktopOverview() const override { return false; }
+  // An X11 desktop has no Dock of its own beside the bar.
+  void restartDock() override {}
+  bool hasDock() const override { return false; }
 
  private:
   X11Connection& connection_;

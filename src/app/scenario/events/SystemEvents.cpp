@@ -54,7 +54,18 @@ const EventRegistration kAnswerAlert{
         entry.fail("button", "expected a button index from 0 or a button title");
       }
       answer.fieldValue = entry.string("text").value_or("");
-      return StepAction([answer](RunContext& run) { run.desktop->alerts().queueAnswer(answer); });
+      std::optional<std::vector<bool>> checkBoxes;
+      if (const Json* boxes = entry.take("checkBoxes")) {
+        if (!boxes->is_array()) entry.fail("checkBoxes", "expected a list of true and false");
+        checkBoxes.emplace();
+        for (const Json& box : *boxes) {
+          if (!box.is_boolean()) entry.fail("checkBoxes", "expected a list of true and false");
+          checkBoxes->push_back(box.get<bool>());
+        }
+      }
+      return StepAction([answer, checkBoxes](RunContext& run) {
+        run.desktop->alerts().queueAnswer(answer, checkBoxes);
+      });
     }};
 
 const EventRegistration kSetDefaults{

@@ -16,6 +16,35 @@ namespace {
 
 using Field = std::optional<OutJson>;
 
+// The simulated desktop's Application Support folder is a fresh temporary
+// folder each run; checkpoints name it as macOS would, so that lines repeat.
+constexpr const char* kShownSupportFolder = "~/Library/Application Support/Tolv";
+
+OutJson withStableSupportFolder(OutJson value, const std::string& folder) {
+  if (value.is_string()) {
+    std::string text = value.get<std::string>();
+    for (size_t at = text.find(folder); at != std::string::npos;
+         at = text.find(folder, at + std::char_traits<char>::length(kShownSupportFolder))) {
+      text.replace(at, folder.size(), kShownSupportFolder);
+    }
+    return text;
+  }
+  if (value.is_structured()) {
+    for (auto& element : value)
+      element = withStableSupportFolder(std::move(element), folder);
+  }
+  return value;
+}
+
+// A field whose text may name files of the simulated desktop's own folder.
+std::function<OutJson(RunContext&)> namingFiles(std::function<OutJson(RunContext&)> read) {
+  return [read = std::move(read)](RunContext& run) {
+    OutJson value = read(run);
+    if (!run.desktop || run.desktop->applicationSupportFolder().empty()) return value;
+    return withStableSupportFolder(std::move(value), run.desktop->applicationSupportFolder());
+  };
+}
+
 OutJson storedDefaults(RunContext& run) {
   OutJson values = OutJson::object();
   for (const auto& [key, value] : run.model.platform().userDefaults->values(kTolvBundleIdentifier))
@@ -37,9 +66,11 @@ OutJson logEntries(RunContext& run) {
 OutJson shownAlerts(RunContext& run) {
   OutJson alerts = OutJson::array();
   for (const auto& shown : run.desktop->alerts().shown()) {
-    alerts.push_back(OutJson{{"title", shown.alert.title},
-                             {"text", shown.alert.text},
-                             {"buttons", shown.alert.buttons}});
+    OutJson alert{
+        {"title", shown.alert.title}, {"text", shown.alert.text}, {"buttons", shown.alert.buttons}};
+    for (const auto& box : shown.alert.checkBoxes)
+      alert["checkBoxes"].push_back(OutJson{{"title", box.title}, {"checked", box.checked}});
+    alerts.push_back(std::move(alert));
   }
   return alerts;
 }
@@ -77,10 +108,10 @@ FieldReader simulated(std::function<OutJson(RunContext&)> read) {
 }
 
 const FieldRegistration kDesktopFields{{
-    {"defaults", [](RunContext& run) -> Field { return storedDefaults(run); }},
+    {"defaults", [](RunContext& run) -> Field { return namingFiles(storedDefaults)(run); }},
     {"log", [](RunContext& run) -> Field { return logEntries(run); }},
-    {"alerts", simulated(shownAlerts)},
-    {"actions", simulated(actions)},
+    {"alerts", simulated(namingFiles(shownAlerts))},
+    {"actions", simulated(namingFiles(actions))},
     {"otherCopies", simulated(otherCopies)},
     {"calls", simulated([](RunContext& run) -> OutJson { return run.desktop->calls().all(); })},
     // Accessibility calls that reached each application or one of its elements,
