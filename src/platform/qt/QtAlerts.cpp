@@ -1,5 +1,6 @@
 #include "platform/qt/QtAlerts.h"
 
+#include <QColorDialog>
 #include <QDialog>
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -68,6 +69,41 @@ AlertResult QtAlerts::runModal(const Alert& alert, const AlertPlacement& placeme
       code >= kFirstButtonResponse ? code : kFirstButtonResponse + int(names.size()) - 1;
   if (field) result.fieldValue = field->text().toStdString();
   return result;
+}
+
+QtAlerts::~QtAlerts() {
+  delete colorDialog_.data();
+}
+
+void QtAlerts::showColorPanel(ColorPanelRequest request) {
+  colorChanged_ = std::move(request.colorChanged);
+  if (!colorDialog_) {
+    colorDialog_ = new QColorDialog;
+    colorDialog_->setWindowTitle("Colors");
+    colorDialog_->setOption(QColorDialog::ShowAlphaChannel, false);
+    colorDialog_->setOption(QColorDialog::NoButtons, true);
+    colorDialog_->setWindowFlag(Qt::WindowStaysOnTopHint);
+    QObject::connect(colorDialog_, &QColorDialog::currentColorChanged, [this](const QColor& color) {
+      if (!colorChanged_) return;
+      if (!color.isValid()) {
+        colorChanged_(std::nullopt);
+        return;
+      }
+      QColor rgb = color.toRgb();
+      colorChanged_(PanelColor{rgb.redF(), rgb.greenF(), rgb.blueF()});
+    });
+  }
+  if (request.initial) {
+    // Setting the start colour is no choice of the user's: it isn't handed over.
+    auto handler = std::move(colorChanged_);
+    colorChanged_ = nullptr;
+    colorDialog_->setCurrentColor(QColor::fromRgbF(
+        float(request.initial->red), float(request.initial->green), float(request.initial->blue)));
+    colorChanged_ = std::move(handler);
+  }
+  colorDialog_->show();
+  colorDialog_->raise();
+  colorDialog_->activateWindow();
 }
 
 }  // namespace tolv::qt

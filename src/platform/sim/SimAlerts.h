@@ -1,6 +1,8 @@
 #pragma once
 
 #include <deque>
+#include <functional>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -11,8 +13,9 @@
 namespace tolv::sim {
 
 // Alerts never block: each alert shown takes the oldest unused scripted answer,
-// or else its last button. Every alert is recorded with the frame it was given
-// on the main screen, laid out at a fixed size.
+// or else its last button. The colour panel stays open once shown, and the
+// script moves it to colours as a user's hand would. Every alert is recorded with the frame it was
+// given on the main screen, laid out at a fixed size.
 class SimAlerts : public Alerts {
  public:
   static constexpr Size kAlertSize{420, 180};
@@ -32,13 +35,21 @@ class SimAlerts : public Alerts {
 
   AlertResult runModal(const Alert& alert, const AlertPlacement& placement) override;
 
+  void showColorPanel(ColorPanelRequest request) override;
+
   void queueAnswer(Answer answer) { answers_.push_back(std::move(answer)); }
+  // The user moves the open colour panel to a colour; false when no panel is open.
+  bool chooseColor(std::optional<PanelColor> color);
+  // The start colour of each time the panel was shown, in order.
+  const std::vector<std::optional<PanelColor>>& colorPanelsShown() const { return panelsShown_; }
   const std::vector<Shown>& shown() const { return shown_; }
 
  private:
   Screens* screens_;
   std::deque<Answer> answers_;
   std::vector<Shown> shown_;
+  std::vector<std::optional<PanelColor>> panelsShown_;
+  std::function<void(std::optional<PanelColor>)> colorChanged_;
 };
 
 }  // namespace tolv::sim
