@@ -33,7 +33,12 @@ void BM_DropCue(benchmark::State& state) {
 
   tolv::TaskbarDrawingInput draw;
   draw.location = "bottomL";
-  auto key = tolv::overflowGeometryKey(layout.taskOverflowRowCount(), 7, 2, false, true);
+  tolv::OverflowGeometryKey key{
+      .overflowCount = tolv::overflowCardCount(layout.taskOverflowRowCount()),
+      .tuck = 7,
+      .overlap = 2,
+      .autoHideOverflow = false,
+      .rowsExpanded = true};
   draw.panelSize = {1440, tolv::computeOverflowGeometry(key).normalHeight};
   draw.layout = &layout;
   tolv::TaskbarDrawing drawing = tolv::drawTaskbar(draw);

@@ -10,8 +10,9 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev
   # core libraries
   nlohmann-json3-dev libicu-dev libssl-dev
-  # views and the toolkit's platform services
-  qt6-base-dev
+  # views and the toolkit's platform services; a font with the symbols and
+  # emoji of the bar's own texts, which the toolkit falls back to
+  qt6-base-dev fonts-symbola
   # the live X11 desktop and the defaults store
   libxcb1-dev libxcb-ewmh-dev libxcb-icccm4-dev libxcb-randr0-dev libxcb-keysyms1-dev
   libxcb-xtest0-dev libxcb-xinput-dev libx11-dev libplist-dev

@@ -174,6 +174,7 @@ void AppModel::refreshRunningApps(RefreshRequest request) {
   if (request.publish && (!settings.expertSkipUnchangedRefreshes || sorted != runningApps.get())) {
     assignRunningApps(sorted);
   }
+  resumePublishTicksIfScanWaits();
 
   pruneTaskKeyedState(sorted);
   restoreWorkspaceColors(sorted);

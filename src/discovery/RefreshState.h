@@ -47,6 +47,10 @@ struct RefreshRequest {
 // scan cycle.
 struct RefreshState {
   std::unique_ptr<Timer> refreshTimer;
+  // The publish timer stopped after a tick with nothing to publish; its ticks fall
+  // on publishTickPhase plus whole periods.
+  bool publishTimerResting = false;
+  double publishTickPhase = 0;
   std::unique_ptr<Timer> windowScanTimer;
   std::unique_ptr<Timer> backgroundTaskbarRefreshTimer;
   MainTaskHandle delayedRefreshTask;

@@ -2,6 +2,7 @@
 // bar is hidden, and the refresh that confirms a user's action.
 
 #include <algorithm>
+#include <cmath>
 
 #include "model/AppModel.h"
 
@@ -48,9 +49,14 @@ std::unique_ptr<Timer> AppModel::scheduleRepeatingTick(double firstDelay, double
                                           });
 }
 
-void AppModel::configureTimers() {
+void AppModel::stopRefreshTimers() {
   pipeline.refreshTimer.reset();
+  pipeline.publishTimerResting = false;
   pipeline.windowScanTimer.reset();
+}
+
+void AppModel::configureTimers() {
+  stopRefreshTimers();
   if (taskbarIsHidden.get() || pipeline.taskResizeSuspended) return;
   if (settings.staggerWindowAndTaskbarRefreshes) {
     startWindowScanTimer(true);
@@ -75,9 +81,28 @@ void AppModel::postWindowScanTick() {
 
 void AppModel::startRefreshTimer(std::optional<double> firstDelay) {
   pipeline.refreshTimer.reset();
+  pipeline.publishTimerResting = false;
   const double period = clampedRefreshPeriod(settings.taskbarRefreshSeconds);
-  pipeline.refreshTimer =
-      scheduleRepeatingTick(firstDelay.value_or(period), period, &AppModel::runRefreshTick);
+  const double first = firstDelay.value_or(period);
+  pipeline.publishTickPhase = platform_.runLoop->now() + first;
+  pipeline.refreshTimer = scheduleRepeatingTick(first, period, &AppModel::runRefreshTick);
+}
+
+bool AppModel::scanWaitsToBePublished() const {
+  // Without the skip every tick republishes, which views can see; so does a
+  // desktop scan cycle waiting for its publish.
+  if (!settings.expertSkipUnchangedRefreshes || pipeline.desktopScanCycleInProgress) return true;
+  return scannedRunningApps && *scannedRunningApps != runningApps.get();
+}
+
+void AppModel::resumePublishTicksIfScanWaits() {
+  if (!pipeline.publishTimerResting || !scanWaitsToBePublished()) return;
+  pipeline.publishTimerResting = false;
+  const double period = clampedRefreshPeriod(settings.taskbarRefreshSeconds);
+  // Back on the beat it kept before resting, as if it had never stopped.
+  double ahead = std::fmod(pipeline.publishTickPhase - platform_.runLoop->now(), period);
+  if (ahead < 0) ahead += period;
+  pipeline.refreshTimer = scheduleRepeatingTick(ahead, period, &AppModel::runRefreshTick);
 }
 
 void AppModel::startBackgroundRefreshTimer() {
@@ -107,6 +132,10 @@ void AppModel::runWindowScanTick() {
 void AppModel::runRefreshTick() {
   if (refreshingIsPaused() || taskbarIsHidden.get() || !life.initialWindowListReady) return;
   publishScannedApps();
+  if (pipeline.refreshTimer && !scanWaitsToBePublished()) {
+    pipeline.refreshTimer.reset();
+    pipeline.publishTimerResting = true;
+  }
 }
 
 void AppModel::runBackgroundRefreshTick() {
@@ -129,8 +158,7 @@ void AppModel::setTaskbarHidden(bool hidden) {
   setAXObserverDeliverySuspended(hidden);
   if (hidden) {
     ++pipeline.taskbarHideCount;
-    pipeline.refreshTimer.reset();
-    pipeline.windowScanTimer.reset();
+    stopRefreshTimers();
     startBackgroundRefreshTimer();
     return;
   }
@@ -157,8 +185,7 @@ void AppModel::setTaskbarHidden(bool hidden) {
     }
   } else {
     // No timer tick may run between the primary scan and its confirming publish.
-    pipeline.refreshTimer.reset();
-    pipeline.windowScanTimer.reset();
+    stopRefreshTimers();
     refreshRunningApps({.forceBadgeScan = settings.taskbarShowBadgeScan,
                         .allowCacheSkip = true,
                         .onlyIfDirty = true});

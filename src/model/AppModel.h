@@ -647,8 +647,14 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   explicit AppModel(const Platform& platform);
 
   // ---- Window discovery: the steps of a refresh (discovery/) ----------------------------
+  // Stops the scan and publish timers, resting or not, until configureTimers.
+  void stopRefreshTimers();
   void startWindowScanTimer(bool fireNow);
   void startRefreshTimer(std::optional<double> firstDelay);
+  // The publish timer rests while the scan has nothing new for the bar, so an idle
+  // desktop costs no publish wake-ups; a scan with news resumes it on its old beat.
+  bool scanWaitsToBePublished() const;
+  void resumePublishTicksIfScanWaits();
   void startBackgroundRefreshTimer();
   // One application's tasks in a refresh: rescanned when dirty or polled, else
   // taken from its cache.

@@ -160,8 +160,7 @@ void AppModel::stop() {
   for (auto token : life.distributedObservers)
     platform_.distributedNotificationCenter->removeObserver(token);
   life.distributedObservers.clear();
-  pipeline.refreshTimer.reset();
-  pipeline.windowScanTimer.reset();
+  stopRefreshTimers();
   pipeline.backgroundTaskbarRefreshTimer.reset();
   cancel(pipeline.delayedRefreshTask);
   cancel(life.startupRefreshTask);

@@ -16,10 +16,8 @@ constexpr double kMinimumReveal = 1;
 
 }  // namespace
 
-OverflowGeometryKey overflowGeometryKey(int64_t taskOverflowRowCount, double tuck, double overlap,
-                                        bool autoHideOverflow, bool rowsExpanded) {
-  return {std::max<int64_t>(taskOverflowRowCount - 1, 0), tuck, overlap, autoHideOverflow,
-          rowsExpanded};
+int64_t overflowCardCount(int64_t taskOverflowRowCount) {
+  return std::max<int64_t>(taskOverflowRowCount - 1, 0);
 }
 
 OverflowGeometry computeOverflowGeometry(const OverflowGeometryKey& key) {

@@ -23,9 +23,9 @@ struct OverflowGeometry {
   bool operator==(const OverflowGeometry&) const = default;
 };
 
-// The key of the current state; a row count below 1 counts as no overflow rows.
-OverflowGeometryKey overflowGeometryKey(int64_t taskOverflowRowCount, double tuck, double overlap,
-                                        bool autoHideOverflow, bool rowsExpanded);
+// The overflow cards behind a bar of this many rows (the primary row included); a count
+// below 1 counts as no overflow rows.
+int64_t overflowCardCount(int64_t taskOverflowRowCount);
 
 OverflowGeometry computeOverflowGeometry(const OverflowGeometryKey& key);
 

@@ -50,10 +50,9 @@ std::optional<BadgeDrawing> badgeDrawing(const TabFacts& facts, Size size) {
 
 }  // namespace
 
-Rgba tabFill(bool isActive, bool inverted, const std::optional<std::string>& colorName,
-             double colorOpacity) {
-  if (auto color = colorFromName(colorName)) return color->withAlpha(colorOpacity);
-  return whiteAt(isActive == inverted ? kQuietHighlight : kActiveHighlight);
+Rgba tabFill(const TabFacts& facts) {
+  if (auto color = colorFromName(facts.colorName)) return color->withAlpha(facts.colorOpacity);
+  return whiteAt(facts.isActive == facts.inverted ? kQuietHighlight : kActiveHighlight);
 }
 
 Rgba activeStripColor(const std::string& setting) {
@@ -70,7 +69,7 @@ double badgeTriangleLeg(Size size) {
 
 TabAppearance tabAppearance(const TabFacts& facts, Size tabSize) {
   TabAppearance look;
-  look.fill = tabFill(facts.isActive, facts.inverted, facts.colorName, facts.colorOpacity);
+  look.fill = tabFill(facts);
   look.strip = stripDrawing(facts, tabSize);
   // An empty style means the badge is not allowed for this application.
   if (!facts.badgeStyle.empty()) look.badge = badgeDrawing(facts, tabSize);

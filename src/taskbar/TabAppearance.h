@@ -64,8 +64,7 @@ TabAppearance tabAppearance(const TabFacts& facts, Size tabSize);
 
 // The background of a tab: its own colour at its opacity, else white, brighter
 // when the tab is active (or, inverted, when it is not).
-Rgba tabFill(bool isActive, bool inverted, const std::optional<std::string>& colorName,
-             double colorOpacity);
+Rgba tabFill(const TabFacts& facts);
 
 // The active and previous strip colours of the settings; a value that gives no
 // colour falls back to a dark blue.

@@ -76,8 +76,7 @@ void AppModel::disarmTaskResize(const std::string& entryID) {
 void AppModel::suspendRefreshForResize() {
   if (pipeline.taskResizeSuspended) return;
   pipeline.taskResizeSuspended = true;
-  pipeline.refreshTimer.reset();
-  pipeline.windowScanTimer.reset();
+  stopRefreshTimers();
   if (taskResizePauseHandler) taskResizePauseHandler(true);
 }
 

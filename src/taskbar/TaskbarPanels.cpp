@@ -172,9 +172,11 @@ void TaskbarPanels::applyPanelFrame(TaskbarPanel& panel, double thickness) {
 
 OverflowGeometry TaskbarPanels::overflowGeometry() {
   const Settings& settings = model_.settings;
-  return geometryCache_.get(overflowGeometryKey(
-      model_.taskOverflowRowCount, settings.tuckAwayOverflowPixels,
-      settings.overflowCardOverlapPixels, settings.autoHideOverflow, model_.taskRowsExpanded));
+  return geometryCache_.get({.overflowCount = overflowCardCount(model_.taskOverflowRowCount),
+                             .tuck = settings.tuckAwayOverflowPixels,
+                             .overlap = settings.overflowCardOverlapPixels,
+                             .autoHideOverflow = settings.autoHideOverflow,
+                             .rowsExpanded = model_.taskRowsExpanded});
 }
 
 const TaskRowLayout* TaskbarPanels::mainLayout() const {

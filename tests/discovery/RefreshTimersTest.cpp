@@ -58,6 +58,46 @@ TEST_F(RefreshTimers, ConfiguredTimersCarryTheirPeriodsOffsetsAndTolerance) {
   EXPECT_DOUBLE_EQ(model.pipeline.windowScanTimer->fireDate(), now() + 2.0);
 }
 
+TEST_F(RefreshTimers, ThePublishTimerRestsWhileNothingIsNewAndResumesOnItsOldBeat) {
+  AppModel& model = startMail();
+  model.configureTimers();
+  const double t0 = now();  // scans at t0 + whole seconds, publishes at t0 + 0.25 + k/2
+  advanceTo(t0 + 0.3);
+  EXPECT_FALSE(model.pipeline.refreshTimer) << "a publish with nothing new rests the timer";
+  EXPECT_TRUE(model.pipeline.publishTimerResting);
+  ASSERT_TRUE(model.pipeline.windowScanTimer);
+
+  desktop.openWindow(10, window("Drafts"));
+  advanceTo(t0 + 1.0);
+  EXPECT_THAT(scannedNames(), ElementsAre("Inbox", "Drafts"));
+  ASSERT_TRUE(model.pipeline.refreshTimer) << "the scan's news wakes the publish stage";
+  EXPECT_DOUBLE_EQ(model.pipeline.refreshTimer->fireDate(), t0 + 1.25);
+  advanceTo(t0 + 1.24);
+  EXPECT_THAT(shownNames(), ElementsAre("Inbox"));
+  advanceTo(t0 + 1.25);
+  EXPECT_THAT(shownNames(), ElementsAre("Inbox", "Drafts"));
+  EXPECT_FALSE(model.pipeline.refreshTimer) << "and it rests again once the bar has it";
+
+  // A bar hidden while the timer rests stays without timers; showing it starts both.
+  model.setTaskbarHidden(true);
+  desktop.openWindow(10, window("Sent"));
+  model.refreshRunningApps({});
+  EXPECT_FALSE(model.pipeline.refreshTimer);
+  model.setTaskbarHidden(false);
+  EXPECT_TRUE(model.pipeline.refreshTimer);
+  EXPECT_TRUE(model.pipeline.windowScanTimer);
+}
+
+TEST_F(RefreshTimers, ThePublishTimerKeepsTickingWhenEveryTickRepublishes) {
+  AppModel& model = startMail();
+  model.settings.expertSkipUnchangedRefreshes = false;
+  model.configureTimers();
+  uint64_t assignments = model.runningApps.assignmentCount();
+  advance(2);
+  ASSERT_TRUE(model.pipeline.refreshTimer);
+  EXPECT_EQ(model.runningApps.assignmentCount(), assignments + 4);
+}
+
 TEST_F(RefreshTimers, AHiddenBarStopsTheForegroundTimersAndHoldsObserverEventsBack) {
   AppModel& model = startMail();
   model.setTaskbarHidden(true);

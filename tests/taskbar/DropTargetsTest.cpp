@@ -37,7 +37,12 @@ struct Bar {
       : location(std::move(location_)), layout(rowsOf(count, location)) {
     TaskbarDrawingInput draw;
     draw.location = location;
-    double height = computeOverflowGeometry(overflowGeometryKey(2, 7, 2, true, true)).normalHeight;
+    double height = computeOverflowGeometry(OverflowGeometryKey{.overflowCount = 1,
+                                                                .tuck = 7,
+                                                                .overlap = 2,
+                                                                .autoHideOverflow = true,
+                                                                .rowsExpanded = true})
+                        .normalHeight;
     draw.panelSize = {1440, height};
     draw.layout = &layout;
     draw.rowsTucked = tucked;

@@ -37,18 +37,29 @@ TEST(TabColorNames, BadgeColourSettingBecomesACustomColour) {
   EXPECT_EQ(badgeColor("#0000FF"), (Rgba{0, 0, 1, 1}));
 }
 
+// The facts a tab's background depends on, the rest left as a plain tab has them.
+TabFacts fillFacts(bool isActive, bool inverted, std::optional<std::string> colorName = {},
+                   double colorOpacity = 0.5) {
+  TabFacts facts;
+  facts.isActive = isActive;
+  facts.inverted = inverted;
+  facts.colorName = std::move(colorName);
+  facts.colorOpacity = colorOpacity;
+  return facts;
+}
+
 TEST(TabBackground, ActiveTabIsBrighterAndInvertingSwapsTheTwo) {
-  EXPECT_EQ(tabFill(true, false, std::nullopt, 0.5), whiteAt(0.13));
-  EXPECT_EQ(tabFill(false, false, std::nullopt, 0.5), whiteAt(0.035));
-  EXPECT_EQ(tabFill(true, true, std::nullopt, 0.5), whiteAt(0.035));
-  EXPECT_EQ(tabFill(false, true, std::nullopt, 0.5), whiteAt(0.13));
+  EXPECT_EQ(tabFill(fillFacts(true, false)), whiteAt(0.13));
+  EXPECT_EQ(tabFill(fillFacts(false, false)), whiteAt(0.035));
+  EXPECT_EQ(tabFill(fillFacts(true, true)), whiteAt(0.035));
+  EXPECT_EQ(tabFill(fillFacts(false, true)), whiteAt(0.13));
 }
 
 TEST(TabBackground, OwnColourIgnoresActivityAndUnreadableColourIsPlain) {
   Rgba red = *colorFromName(std::string("Red"));
-  EXPECT_EQ(tabFill(true, false, "Red", 0.4), red.withAlpha(0.4));
-  EXPECT_EQ(tabFill(false, false, "Red", 0.4), red.withAlpha(0.4));
-  EXPECT_EQ(tabFill(true, false, "Custom:#nothex", 0.4), whiteAt(0.13));
+  EXPECT_EQ(tabFill(fillFacts(true, false, "Red", 0.4)), red.withAlpha(0.4));
+  EXPECT_EQ(tabFill(fillFacts(false, false, "Red", 0.4)), red.withAlpha(0.4));
+  EXPECT_EQ(tabFill(fillFacts(true, false, "Custom:#nothex", 0.4)), whiteAt(0.13));
 }
 
 TEST(TabStrip, HeightAndEdgeFollowTheLocationAndRow) {

@@ -61,7 +61,12 @@ struct Bar {
 TEST(TaskbarDrawing, ABottomBarDrawsItsRowsUpwardAndTheLastCardEndsAtThePanelsHeight) {
   // Eight tabs: five in the primary row, three on one card; then twenty-one for
   // four cards of four.
-  double height = computeOverflowGeometry(overflowGeometryKey(2, 7, 2, false, true)).normalHeight;
+  double height = computeOverflowGeometry(OverflowGeometryKey{.overflowCount = 1,
+                                                              .tuck = 7,
+                                                              .overlap = 2,
+                                                              .autoHideOverflow = false,
+                                                              .rowsExpanded = true})
+                      .normalHeight;
   Bar bar(8, "bottomL", {0, 0, 1440, height}, 1440);
   EXPECT_EQ(bar.tabOnScreen("t0"), (Rect{400, 3, 190, 28}));
   EXPECT_EQ(bar.tabOnScreen("t4"), (Rect{400 + 4 * 194, 3, 190, 28}));
@@ -79,7 +84,12 @@ TEST(TaskbarDrawing, ABottomBarDrawsItsRowsUpwardAndTheLastCardEndsAtThePanelsHe
   EXPECT_DOUBLE_EQ(card.x, leading);
   EXPECT_DOUBLE_EQ(card.maxX(), 1440);
 
-  double tall = computeOverflowGeometry(overflowGeometryKey(5, 7, 2, false, true)).normalHeight;
+  double tall = computeOverflowGeometry(OverflowGeometryKey{.overflowCount = 4,
+                                                            .tuck = 7,
+                                                            .overlap = 2,
+                                                            .autoHideOverflow = false,
+                                                            .rowsExpanded = true})
+                    .normalHeight;
   Bar many(21, "bottomL", {0, 0, 1440, tall}, 1440);
   auto stacked = many.draw();
   ASSERT_EQ(stacked.cards.size(), 4u);
@@ -89,7 +99,12 @@ TEST(TaskbarDrawing, ABottomBarDrawsItsRowsUpwardAndTheLastCardEndsAtThePanelsHe
 }
 
 TEST(TaskbarDrawing, TuckedCardsShowTheirOuterEdgeAndHideTheirTabs) {
-  double height = computeOverflowGeometry(overflowGeometryKey(3, 7, 2, false, false)).normalHeight;
+  double height = computeOverflowGeometry(OverflowGeometryKey{.overflowCount = 2,
+                                                              .tuck = 7,
+                                                              .overlap = 2,
+                                                              .autoHideOverflow = false,
+                                                              .rowsExpanded = false})
+                      .normalHeight;
   Bar bar(13, "bottomL", {0, 0, 1440, height}, 1440);
   bar.input.rowsTucked = true;
   auto drawing = bar.draw();
@@ -106,7 +121,12 @@ TEST(TaskbarDrawing, TuckedCardsShowTheirOuterEdgeAndHideTheirTabs) {
 }
 
 TEST(TaskbarDrawing, ATopBarHangsFromTheMenuStripAndItsCardsGoDown) {
-  double height = computeOverflowGeometry(overflowGeometryKey(2, 7, 2, false, true)).normalHeight;
+  double height = computeOverflowGeometry(OverflowGeometryKey{.overflowCount = 1,
+                                                              .tuck = 7,
+                                                              .overlap = 2,
+                                                              .autoHideOverflow = false,
+                                                              .rowsExpanded = true})
+                      .normalHeight;
   Rect panel{0, 900 - height - 28, 1440, height + 28};
   Bar bar(8, "topL", panel, 1440);
   bar.input.bufferStrip = true;
@@ -164,7 +184,12 @@ TEST(TaskbarDrawing, AWiderFurtherCardGetsAnInnerCornerOnlyWhileTucked) {
 }
 
 TEST(TaskbarDrawing, TheBackgroundBehindSeveralCardsAndTheLockMarker) {
-  double tall = computeOverflowGeometry(overflowGeometryKey(4, 7, 2, false, true)).normalHeight;
+  double tall = computeOverflowGeometry(OverflowGeometryKey{.overflowCount = 3,
+                                                            .tuck = 7,
+                                                            .overlap = 2,
+                                                            .autoHideOverflow = false,
+                                                            .rowsExpanded = true})
+                    .normalHeight;
   Bar bar(17, "bottomL", {0, 0, 1440, tall}, 1440);
   ASSERT_EQ(bar.layout.rows.size(), 3u);
   EXPECT_FALSE(bar.draw().stackBackground);

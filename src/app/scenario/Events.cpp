@@ -28,11 +28,6 @@ Pid readKnownPid(JsonReader& entry, const CompileContext& context, std::string_v
   return static_cast<Pid>(pid);
 }
 
-void refuseUnsupported(JsonReader& entry, std::string_view name) {
-  entry.finish();
-  entry.fail("event", "\"" + std::string(name) + "\" is not supported yet");
-}
-
 void requireWindow(bool found, const std::string& place, Pid pid) {
   if (!found) {
     throw ScenarioError(place + ".window: application " + std::to_string(pid) +

@@ -29,8 +29,6 @@ const EventReader* findEvent(std::string_view name);
 
 // An application the timeline knows at this point, else an error at `key`.
 Pid readKnownPid(JsonReader& entry, const CompileContext& context, std::string_view key = "pid");
-// An event whose feature doesn't exist yet: its fields were read, it can't run.
-[[noreturn]] void refuseUnsupported(JsonReader& entry, std::string_view name);
 // The window a selector names now, else an error naming the entry.
 void requireWindow(bool found, const std::string& place, Pid pid);
 

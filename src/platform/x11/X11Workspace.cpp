@@ -8,8 +8,40 @@
 #include <algorithm>
 
 #include "platform/qt/QtImages.h"
+#include "platform/x11/HintsIcon.h"
 
 namespace tolv::x11 {
+
+namespace {
+
+// Width, height, then ARGB pixels, for every size the window offers; the largest wins.
+std::optional<QImage> largestNetWmIcon(const std::vector<uint32_t>& data) {
+  size_t best = 0;
+  uint32_t bestArea = 0;
+  for (size_t at = 0; at + 2 <= data.size();) {
+    const uint64_t width = data[at];
+    const uint64_t height = data[at + 1];
+    const uint64_t area = width * height;
+    if (width == 0 || height == 0 || at + 2 + area > data.size()) break;
+    if (area > bestArea) {
+      bestArea = static_cast<uint32_t>(area);
+      best = at;
+    }
+    at += 2 + area;
+  }
+  if (bestArea == 0) return std::nullopt;
+  const int width = static_cast<int>(data[best]);
+  const int height = static_cast<int>(data[best + 1]);
+  QImage image(width, height, QImage::Format_ARGB32);
+  for (int y = 0; y < height; ++y) {
+    auto* line = reinterpret_cast<uint32_t*>(image.scanLine(y));
+    for (int x = 0; x < width; ++x)
+      line[x] = data[best + 2 + size_t(y) * width + x];
+  }
+  return image;
+}
+
+}  // namespace
 
 X11Workspace::X11Workspace(X11Connection& connection, X11Clients& clients,
                            X11WindowActions& actions, RunLoop& runLoop, DesktopEntries entries)
@@ -65,32 +97,11 @@ void X11Workspace::announceChanges() {
 }
 
 Image X11Workspace::windowIcon(xcb_window_t window) {
-  auto data = connection_.cardinals(window, "_NET_WM_ICON");
-  if (!data) return {};
-  // Width, height, then ARGB pixels, for every size the window offers; the largest wins.
-  size_t best = 0;
-  uint32_t bestArea = 0;
-  for (size_t at = 0; at + 2 <= data->size();) {
-    const uint64_t width = (*data)[at];
-    const uint64_t height = (*data)[at + 1];
-    const uint64_t area = width * height;
-    if (width == 0 || height == 0 || at + 2 + area > data->size()) break;
-    if (area > bestArea) {
-      bestArea = static_cast<uint32_t>(area);
-      best = at;
-    }
-    at += 2 + area;
+  if (auto data = connection_.cardinals(window, "_NET_WM_ICON")) {
+    if (auto image = largestNetWmIcon(*data)) return qt::wrap(std::move(*image));
   }
-  if (bestArea == 0) return {};
-  const int width = static_cast<int>((*data)[best]);
-  const int height = static_cast<int>((*data)[best + 1]);
-  QImage image(width, height, QImage::Format_ARGB32);
-  for (int y = 0; y < height; ++y) {
-    auto* line = reinterpret_cast<uint32_t*>(image.scanLine(y));
-    for (int x = 0; x < width; ++x)
-      line[x] = (*data)[best + 2 + size_t(y) * width + x];
-  }
-  return qt::wrap(std::move(image));
+  if (auto hinted = hintsIcon(connection_, window)) return qt::wrap(std::move(*hinted));
+  return {};
 }
 
 const X11Workspace::Identity& X11Workspace::identityOf(Pid pid, xcb_window_t window) {

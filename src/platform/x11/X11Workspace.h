@@ -16,12 +16,12 @@ namespace tolv::x11 {
 // task windows, each a regular application. Identity, name and icon come from
 // the application's .desktop file found through its window class, else from
 // the window class itself; the icon from the window's _NET_WM_ICON, else the
-// icon theme. Launch, termination and activation are told as processes gain
-// their first window, lose their last, and own the active window. Activation,
-// hiding and termination act on the process's windows: hiding minimises them
-// all and unhiding restores those it minimised; terminating closes each window
-// through the window manager, and sends no signal, as the pid a window names
-// may belong to another machine or a process that took its number.
+// icon pixmap of its WM_HINTS, else the icon theme. Launch, termination and activation are told as
+// processes gain their first window, lose their last, and own the active window. Activation, hiding
+// and termination act on the process's windows: hiding minimises them all and unhiding restores
+// those it minimised; terminating closes each window through the window manager, and sends no
+// signal, as the pid a window names may belong to another machine or a process that took its
+// number.
 class X11Workspace : public Workspace {
  public:
   X11Workspace(X11Connection& connection, X11Clients& clients, X11WindowActions& actions,

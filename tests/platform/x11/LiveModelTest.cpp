@@ -5,6 +5,7 @@
 
 #include "LiveDesktop.h"
 #include "model/AppModel.h"
+#include "platform/qt/QtImages.h"
 
 namespace tolv::x11::testing {
 namespace {
@@ -57,6 +58,14 @@ TEST_F(LiveModel, ListsEveryClientWindowAsATaskOfItsProcess) {
   EXPECT_EQ(task("xclock")->processIdentifier, clock);
   EXPECT_EQ(task("Tolv Alpha")->appName, "XTerm");
   EXPECT_NE(task("Tolv Alpha")->id, task("Tolv Beta")->id);
+
+  // xterm offers no _NET_WM_ICON; its icon is the WM_HINTS pixmap, its corners masked out.
+  auto xterm = desktop->platform().workspace->runningApplication(alpha);
+  ASSERT_TRUE(xterm && xterm->icon);
+  QImage icon = qt::unwrap(xterm->icon);
+  ASSERT_FALSE(icon.isNull());
+  EXPECT_EQ(qAlpha(icon.pixel(0, 0)), 0);
+  EXPECT_EQ(qAlpha(icon.pixel(icon.width() / 2, icon.height() / 2)), 255);
 }
 
 TEST_F(LiveModel, ARenamedWindowReachesItsTask) {
