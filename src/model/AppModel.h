@@ -12,6 +12,7 @@
 
 #include "arrangement/GroupKeys.h"
 #include "arrangement/ScanOrder.h"
+#include "arrangement/TabColorPicker.h"
 #include "arrangement/TaskbarEntryRequest.h"
 #include "discovery/DiscoveryState.h"
 #include "discovery/RefreshState.h"
@@ -299,6 +300,42 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   // The colour each tab shows, by task id; ids in manualLiveColorIDs were chosen by hand.
   std::map<std::string, std::string> liveTabColors;
   std::set<std::string> manualLiveColorIDs;
+  // The colour panel's present handler and start colour.
+  TabSystemColorPicker tabSystemColorPicker;
+
+  // The one rule for the colour a tab shows: its live colour; while the bar
+  // shows the desktop's tasks on another space, that space's saved colour;
+  // then the lasting colour of its workspace (no bundle) or its application.
+  std::optional<std::string> effectiveTabColor(
+      const std::string& key, const std::optional<std::string>& bundleIdentifier) const;
+  std::optional<std::string> workspaceEffectiveColor(const ManagedWorkspaceTask& task) const;
+  // The collapsed workspace group: its live colour, else its lasting one.
+  std::string workspaceGroupColor() const;
+  // A colour set by hand, or none to clear it; redraws the tabs when it changed.
+  void setLiveTabColor(const std::optional<std::string>& color, const std::string& key);
+  // Every window of the application as it is now, and its automatic groups.
+  void setApplicationLiveColor(const std::optional<std::string>& color,
+                               const std::string& bundleIdentifier);
+  // The application's lasting colour; the given keys give up their hand-set colours.
+  void setDefaultAppColor(const std::optional<std::string>& color,
+                          const std::string& bundleIdentifier,
+                          const std::vector<std::string>& keys);
+  // The lasting colour of the workspace's application, else of the workspace itself.
+  void setWorkspaceDefaultColor(const std::optional<std::string>& color,
+                                const ManagedWorkspaceTask& task);
+  void setWorkspaceGroupDefaultColor(const std::optional<std::string>& color);
+  std::optional<std::string> workspaceApplicationDefaultColor(
+      const ManagedWorkspaceTask& task) const;
+  // The windows coloured by hand, in bar order, with their colours.
+  std::vector<std::pair<RunningAppItem, std::string>> manualColorItems() const;
+  // The factory colours, and no colour set by hand anywhere.
+  void restoreDefaultColors();
+  // Tabs and automatic groups not coloured by hand take their application's colour.
+  void reapplyDefaultColors();
+  // Opens the colour panel at the present colour; every colour the user moves
+  // to reaches `apply` as "Custom:#RRGGBB".
+  void presentColorPicker(const std::optional<std::string>& current,
+                          std::function<void(const std::string&)> apply);
 
   // ---- Task arrangement: window commands (arrangement/) ---------------------------------
   // Raises a window by accessibility and, unless disableFrontmostAttribute is
@@ -392,6 +429,26 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   void noteRecentWorkspace(const ManagedWorkspaceTask& task);
   // Opens the system's overview of the desktops.
   void openMissionControl();
+
+  // ---- Workspaces: commands and titles (workspaces/) ----------------------------------------
+  // Asks for a temporary title; blank or the workspace's own name clears it.
+  void editWorkspaceTitle(const ManagedWorkspaceTask& task);
+  // The workspaces whose taskbar may host this one: all others, in list order.
+  std::vector<ManagedWorkspaceTask> forcePlacementChoices(const ManagedWorkspaceTask& task) const;
+  // The regular applications with a window in the space.
+  std::set<Pid> windowOwnersInSpace(const ManagedWorkspaceTask& task);
+  // Brings forward the first window of the space; the Finder's untitled
+  // desktop window doesn't count. Whether one was found.
+  bool focusFirstWindowInWorkspace(const ManagedWorkspaceTask& task);
+  void confirmQuitWorkspace(const ManagedWorkspaceTask& task);
+  void quitWorkspaceApplications(const ManagedWorkspaceTask& task);
+  void confirmCloseWorkspace(const ManagedWorkspaceTask& task);
+  // Jumps there and closes the front window.
+  void closeWorkspace(const ManagedWorkspaceTask& task);
+  // Jumps there and takes the front window out of full screen.
+  void leaveWorkspaceFullScreen(const ManagedWorkspaceTask& task);
+  // Asks, then closes every window and quits every application but the Finder and this one.
+  void confirmQuitAllApplications();
 
   // ---- Workspaces: per-workspace taskbar state (workspaces/) ------------------------------
   void saveWorkspaceTaskbarState();
@@ -488,8 +545,6 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   bool badgeAllowed(const RunningAppItem& item) const;
   // Some window of the group has a badge that may show.
   bool groupBadgeAllowed(const RunningAppGroup& group) const;
-  // The colour a tab shows, by its key, until the colour rules arrive: the live colour.
-  std::optional<std::string> tabColorName(const std::string& key) const;
   // Activates the task, first bringing back the desktop when the bar shows the
   // desktop's tasks on another space; an active task is minimised when
   // `allowMinimise` holds, as in activateTask.

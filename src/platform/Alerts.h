@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -64,11 +65,30 @@ struct AlertResult {
   std::vector<bool> checkBoxStates;  // as the user left the check boxes, in order
 };
 
-// Modal alerts. Stands for NSAlert run modally above every space.
+// A colour as the colour panel hands it over: sRGB, components from 0 to 1.
+struct PanelColor {
+  double red = 0, green = 0, blue = 0;
+  bool operator==(const PanelColor&) const = default;
+};
+
+// The colour panel's start colour, and what it tells of every colour the user
+// moves to: nothing for a colour that has no sRGB form.
+struct ColorPanelRequest {
+  std::optional<PanelColor> initial;
+  std::function<void(std::optional<PanelColor>)> colorChanged;
+};
+
+// Modal alerts, and the colour panel. Alerts stand for NSAlert run modally
+// above every space; the colour panel for the shared NSColorPanel in its
+// colour-wheel mode without alpha, ordered front with the application
+// activated, whose target receives colorChanged: while the user drags.
 class Alerts {
  public:
   virtual ~Alerts() = default;
   virtual AlertResult runModal(const Alert& alert, const AlertPlacement& placement) = 0;
+  // Shows the one colour panel, or brings it forward with a new start colour;
+  // the last request's handler receives the changes. Never waits.
+  virtual void showColorPanel(ColorPanelRequest request) = 0;
 };
 
 }  // namespace tolv

@@ -59,7 +59,7 @@ GroupPopupContent groupPopupContent(const AppModel& model, const RunningAppGroup
   for (const auto& window : group.windows)
     content.rows.push_back(popupRow(model, window));
   content.scrolls = group.windows.size() > kGroupPopupPlainRowLimit;
-  auto own = colorFromName(model.tabColorName(group.id));
+  auto own = colorFromName(model.effectiveTabColor(group.id, groupBundle(group)));
   content.background =
       own.value_or(baseColor(settings.interfaceBaseColor)).withAlpha(settings.tabColorOpacity);
   content.windowAlpha = settings.groupPopupOpacity;

@@ -11,17 +11,21 @@ constexpr std::string_view kCustomPrefix = "Custom:#";
 constexpr std::string_view kSystemRedHex = "#FF3B30";
 
 std::optional<Rgba> namedColor(std::string_view name) {
-  static const std::array<std::pair<std::string_view, Rgba>, 7> kNamed{{
-      {"Red", {1.0, 0.231, 0.188, 1}},
-      {"Orange", {1.0, 0.584, 0.0, 1}},
-      {"Yellow", {1.0, 0.8, 0.0, 1}},
-      {"Green", {0.204, 0.780, 0.349, 1}},
-      {"Blue", {0.0, 0.478, 1.0, 1}},
-      {"Purple", {0.686, 0.322, 0.871, 1}},
-      {"Gray", {0.557, 0.557, 0.576, 1}},
+  // The system colours of the dark appearance, which the bar uses.
+  static const std::array<Rgba, 8> kSystemColors{{
+      {0, 0, 0, 0},  // "Default": never painted
+      {1.0, 0.231, 0.188, 1},
+      {1.0, 0.584, 0.0, 1},
+      {1.0, 0.8, 0.0, 1},
+      {0.204, 0.780, 0.349, 1},
+      {0.0, 0.478, 1.0, 1},
+      {0.686, 0.322, 0.871, 1},
+      {0.557, 0.557, 0.576, 1},
   }};
-  for (const auto& [key, color] : kNamed) {
-    if (key == name) return color;
+  for (LiveTabColor color : kLiveTabColors) {
+    if (color != LiveTabColor::defaultColor && liveTabColorName(color) == name) {
+      return kSystemColors[static_cast<size_t>(color)];
+    }
   }
   return std::nullopt;
 }
@@ -46,6 +50,12 @@ std::optional<Rgba> hexColor(std::string_view digits) {
 }
 
 }  // namespace
+
+std::string_view liveTabColorName(LiveTabColor color) {
+  static constexpr std::array<std::string_view, 8> kNames{"Default", "Red",  "Orange", "Yellow",
+                                                          "Green",   "Blue", "Purple", "Gray"};
+  return kNames[static_cast<size_t>(color)];
+}
 
 std::optional<Rgba> colorFromName(const std::optional<std::string>& name) {
   if (!name) return std::nullopt;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,6 +17,15 @@ struct Rgba {
 inline Rgba whiteAt(double alpha) {
   return {1, 1, 1, alpha};
 }
+
+// The colours the menus offer, in menu order. `defaultColor` ("Default") is no
+// colour of the tab's own; the others are the system colours of their names.
+enum class LiveTabColor { defaultColor, red, orange, yellow, green, blue, purple, gray };
+inline constexpr std::array<LiveTabColor, 8> kLiveTabColors{
+    LiveTabColor::defaultColor, LiveTabColor::red,  LiveTabColor::orange, LiveTabColor::yellow,
+    LiveTabColor::green,        LiveTabColor::blue, LiveTabColor::purple, LiveTabColor::gray};
+// "Default", "Red", ... as stored.
+std::string_view liveTabColorName(LiveTabColor color);
 
 // A stored colour string as a colour: a named tab colour ("Red", ...) or
 // "Custom:#" and six hexadecimal digits. "Default", nothing and anything

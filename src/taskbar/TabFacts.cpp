@@ -31,12 +31,22 @@ void applyBadgeColor(const AppModel& model, TabFacts& facts, bool badgeShows) {
   }
 }
 
+// A workspace's item takes the colour of its workspace and its application.
+std::optional<std::string> tabColor(const AppModel& model, const RunningAppItem& item) {
+  if (startsWith(item.id, id_prefix::Workspace)) {
+    for (const auto& workspace : model.managedWorkspaceTasks.get()) {
+      if (workspaceTaskID(workspace.id) == item.id) return model.workspaceEffectiveColor(workspace);
+    }
+  }
+  return model.effectiveTabColor(item.id, item.bundleIdentifier);
+}
+
 TabFacts itemFacts(const AppModel& model, const RunningAppItem& item, bool stripAtTop) {
   TabFacts facts;
   addCommonFacts(model, facts, stripAtTop);
   const Settings& settings = model.settings;
   facts.isActive = item.isActive;
-  facts.colorName = model.tabColorName(item.id);
+  facts.colorName = tabColor(model, item);
   if (settings.blueStripsEnabled) {
     if (model.showsActiveStrip(item)) {
       facts.strip = TabStripKind::Active;
@@ -61,7 +71,7 @@ TabFacts groupFacts(const AppModel& model, const RunningAppGroup& group, bool st
   };
   facts.isActive = anyWindow([](const RunningAppItem& w) { return w.isActive; }) &&
                    !model.isOffDesktopWorkspace();
-  facts.colorName = model.tabColorName(group.id);
+  facts.colorName = model.effectiveTabColor(group.id, groupBundle(group));
   if (settings.blueStripsEnabled) {
     bool previous = settings.includeSingleAppWindowsInPreviousStrips
                         ? anyWindow([&](const RunningAppItem& w) {
@@ -85,13 +95,19 @@ TabFacts groupFacts(const AppModel& model, const RunningAppGroup& group, bool st
 TabFacts workspaceGroupFacts(const AppModel& model) {
   TabFacts facts;
   addCommonFacts(model, facts, false);
-  auto live = model.tabColorName(std::string(kWorkspaceGroupID));
-  facts.colorName = live ? live : std::optional(model.settings.workspaceGroupDefaultColor);
+  bool live = model.liveTabColors.count(std::string(kWorkspaceGroupID)) > 0;
+  facts.colorName = model.workspaceGroupColor();
   facts.colorOpacity = live ? model.settings.tabColorOpacity : kWorkspaceGroupFallbackOpacity;
   return facts;
 }
 
 }  // namespace
+
+std::optional<std::string> groupBundle(const RunningAppGroup& group) {
+  // A custom group never takes an application's colour.
+  if (group.isCustom || group.windows.empty()) return std::nullopt;
+  return group.windows.front().bundleIdentifier;
+}
 
 std::optional<RunningAppItem> entryTask(const AppModel& model, const TaskbarEntry& entry) {
   if (entry.item) return entry.item;
@@ -129,12 +145,6 @@ bool AppModel::badgeAllowed(const RunningAppItem& item) const {
 
 bool AppModel::groupBadgeAllowed(const RunningAppGroup& group) const {
   return hasVisibleBadge(group.windows);
-}
-
-std::optional<std::string> AppModel::tabColorName(const std::string& key) const {
-  auto found = liveTabColors.find(key);
-  if (found == liveTabColors.end()) return std::nullopt;
-  return found->second;
 }
 
 }  // namespace tolv

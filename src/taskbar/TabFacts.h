@@ -16,6 +16,9 @@ TabFacts tabFacts(const AppModel& model, const TaskbarEntry& entry, bool stripAt
 // The task an entry's tab stands for: the item, or the workspace's item.
 std::optional<RunningAppItem> entryTask(const AppModel& model, const TaskbarEntry& entry);
 
+// The bundle identifier a group's colour follows: its first window's, none for a custom group.
+std::optional<std::string> groupBundle(const RunningAppGroup& group);
+
 // The id of the tab that opens the settings.
 inline constexpr std::string_view kSettingsTabID = "tolv-settings";
 

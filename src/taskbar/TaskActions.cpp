@@ -109,6 +109,104 @@ bool withGroup(AppModel& model, const MenuAction& action,
   return group && run(*group);
 }
 
+bool withWorkspace(AppModel& model, const MenuAction& action,
+                   void (AppModel::*run)(const ManagedWorkspaceTask&)) {
+  auto workspace = findWorkspace(model, action.subject);
+  if (!workspace) return false;
+  (model.*run)(*workspace);
+  return true;
+}
+
+// The ids of an application's windows and automatic groups, which give up
+// their hand-set colours when the application gets a lasting one from a menu.
+std::vector<std::string> applicationKeys(const AppModel& model, const std::string& bundle) {
+  std::vector<std::string> keys;
+  for (const auto& item : model.runningApps.get()) {
+    if (item.bundleIdentifier != bundle) continue;
+    keys.push_back(item.id);
+    keys.push_back(autoGroupID(item.processIdentifier));
+  }
+  return keys;
+}
+
+std::optional<std::string> factoryColor(const std::string& bundle) {
+  StringMap factory = seedDefaultAppColors();
+  auto found = factory.find(bundle);
+  if (found == factory.end()) return std::nullopt;
+  return found->second;
+}
+
+// The colour a choice in a colour list writes, by the table it belongs to.
+bool applyColor(AppModel& model, ColorTarget target, const std::string& subject,
+                const std::optional<std::string>& color) {
+  switch (target) {
+    case ColorTarget::Tab:
+      model.setLiveTabColor(color, subject);
+      return true;
+    case ColorTarget::Application:
+      model.setApplicationLiveColor(color, subject);
+      return true;
+    case ColorTarget::ApplicationDefault:
+      model.setDefaultAppColor(color, subject, applicationKeys(model, subject));
+      return true;
+    case ColorTarget::RecommendedApplicationDefault:
+      model.setDefaultAppColor(factoryColor(subject), subject, applicationKeys(model, subject));
+      return true;
+    case ColorTarget::WorkspaceDefault: {
+      auto workspace = findWorkspace(model, subject);
+      if (!workspace) return false;
+      model.setWorkspaceDefaultColor(color, *workspace);
+      return true;
+    }
+    case ColorTarget::WorkspaceGroupDefault:
+      model.setWorkspaceGroupDefaultColor(color);
+      return true;
+  }
+  return false;
+}
+
+// The colour the list's table holds now, where the colour panel starts.
+std::optional<std::string> presentColor(const AppModel& model, ColorTarget target,
+                                        const std::string& subject) {
+  auto lasting = [&](const std::string& bundle) -> std::optional<std::string> {
+    auto found = model.settings.defaultAppColors.find(bundle);
+    if (found == model.settings.defaultAppColors.end()) return std::nullopt;
+    return found->second;
+  };
+  switch (target) {
+    case ColorTarget::Tab: {
+      auto live = model.liveTabColors.find(subject);
+      if (live == model.liveTabColors.end()) return std::nullopt;
+      return live->second;
+    }
+    case ColorTarget::Application:
+    case ColorTarget::ApplicationDefault:
+    case ColorTarget::RecommendedApplicationDefault:
+      return lasting(subject);
+    case ColorTarget::WorkspaceDefault: {
+      auto own = model.settings.workspaceDefaultColors.find(subject);
+      if (own != model.settings.workspaceDefaultColors.end()) return own->second;
+      auto workspace = findWorkspace(model, subject);
+      return workspace ? model.workspaceApplicationDefaultColor(*workspace) : std::nullopt;
+    }
+    case ColorTarget::WorkspaceGroupDefault:
+      return model.settings.workspaceGroupDefaultColor;
+  }
+  return std::nullopt;
+}
+
+bool pickColor(AppModel& model, const MenuAction& action) {
+  std::weak_ptr<AppModel> weak = model.weak_from_this();
+  ColorTarget target = action.colorTarget;
+  std::string subject = action.subject;
+  model.presentColorPicker(presentColor(model, target, subject),
+                           [weak, target, subject](const std::string& color) {
+                             if (auto alive = weak.lock())
+                               applyColor(*alive, target, subject, color);
+                           });
+  return true;
+}
+
 }  // namespace
 
 bool lastMoveUnlocks(std::string_view location) {
@@ -160,6 +258,7 @@ void AppModel::setGroupPopupShown(const std::string& groupID, GroupPopupState st
 }
 
 bool performMenuAction(AppModel& model, const MenuAction& action) {
+  if (!menuActionAvailable(model, action)) return false;
   switch (action.command) {
     case MenuCommand::ActivateTask:
       return withTask(model, action, [&](const RunningAppItem& task) {
@@ -264,23 +363,70 @@ bool performMenuAction(AppModel& model, const MenuAction& action) {
     case MenuCommand::ArmResize:
       model.armTaskResize(action.subject);
       return true;
+    case MenuCommand::SetColor:
+      return applyColor(model, action.colorTarget, action.subject, action.text);
+    case MenuCommand::PickColor:
+      return pickColor(model, action);
+    case MenuCommand::LeaveWorkspaceFullScreen:
+      return withWorkspace(model, action, &AppModel::leaveWorkspaceFullScreen);
+    case MenuCommand::ConfirmQuitWorkspace:
+      return withWorkspace(model, action, &AppModel::confirmQuitWorkspace);
+    case MenuCommand::ConfirmCloseWorkspace:
+      return withWorkspace(model, action, &AppModel::confirmCloseWorkspace);
+    case MenuCommand::EditWorkspaceTitle:
+      return withWorkspace(model, action, &AppModel::editWorkspaceTitle);
+    case MenuCommand::ForcePlacement: {
+      auto workspace = findWorkspace(model, action.subject);
+      auto host = action.text ? findWorkspace(model, *action.text) : std::nullopt;
+      if (!workspace || !host) return false;
+      model.placeWorkspaceTaskOnDesktop(*workspace, *host);
+      return true;
+    }
+    case MenuCommand::ConfirmQuitAllApplications:
+      model.confirmQuitAllApplications();
+      return true;
+    // The panel controller opens its own panel; these wait for what they open.
+    case MenuCommand::OpenWorkspacePanel:
     case MenuCommand::AddStartFavorite:
     case MenuCommand::OpenColorSettings:
-    case MenuCommand::SetColor:
-    case MenuCommand::PickColor:
-    case MenuCommand::LeaveWorkspaceFullScreen:
-    case MenuCommand::ConfirmQuitWorkspace:
-    case MenuCommand::ConfirmCloseWorkspace:
-    case MenuCommand::EditWorkspaceTitle:
-    case MenuCommand::ForcePlacement:
-    case MenuCommand::OpenWorkspacePanel:
-    case MenuCommand::ConfirmQuitAllApplications:
       return false;
   }
   return false;
 }
 
+bool menuActionAvailable(const AppModel& model, const MenuAction& action) {
+  switch (action.command) {
+    // Favourites belong to the start menu, which isn't built yet.
+    case MenuCommand::AddStartFavorite:
+    // The window of all colours isn't built yet; the colour submenus stand in.
+    case MenuCommand::OpenColorSettings:
+      return false;
+    case MenuCommand::CloseSettings:
+      return static_cast<bool>(model.settingsCloseHandler);
+    default:
+      return true;
+  }
+}
+
+void disableUnavailableItems(const AppModel& model, Menu& menu) {
+  for (auto& entry : menu) {
+    if (entry.action && !menuActionAvailable(model, *entry.action)) entry.enabled = false;
+    disableUnavailableItems(model, entry.children);
+  }
+}
+
+namespace {
+Menu entryMenuAsBuilt(const AppModel& model, const TaskbarEntry& entry);
+}  // namespace
+
 Menu entryMenu(const AppModel& model, const TaskbarEntry& entry) {
+  Menu menu = entryMenuAsBuilt(model, entry);
+  disableUnavailableItems(model, menu);
+  return menu;
+}
+
+namespace {
+Menu entryMenuAsBuilt(const AppModel& model, const TaskbarEntry& entry) {
   if (entry.workspaceGroup) {
     return workspaceGroupMenu(*entry.workspaceGroup, model.settings.workspaceTaskbarBehavior);
   }
@@ -294,9 +440,12 @@ Menu entryMenu(const AppModel& model, const TaskbarEntry& entry) {
   }
   return taskButtonMenu(facts);
 }
+}  // namespace
 
 Menu groupHeaderMenu(const AppModel& model, const RunningAppGroup& group) {
-  return groupHeaderMenu(groupMenuFacts(model, group));
+  Menu menu = groupHeaderMenu(groupMenuFacts(model, group));
+  disableUnavailableItems(model, menu);
+  return menu;
 }
 
 Menu groupRowMenu(const AppModel& model, const RunningAppGroup& group,
@@ -304,18 +453,24 @@ Menu groupRowMenu(const AppModel& model, const RunningAppGroup& group,
   auto workspace = workspaceOfTask(model, window);
   std::optional<std::string> application =
       workspace ? workspaceApplicationName(model, *workspace) : std::nullopt;
-  return groupRowMenu(group, window, workspace, application);
+  Menu menu = groupRowMenu(group, window, workspace, application);
+  disableUnavailableItems(model, menu);
+  return menu;
 }
 
 Menu workspaceRowMenu(const AppModel& model, const ManagedWorkspaceTask& workspace) {
   WorkspaceMenuFacts facts;
   facts.workspace = workspace;
   facts.applicationName = workspaceApplicationName(model, workspace);
-  for (const auto& other : model.managedWorkspaceTasks.get()) {
-    if (other.id != workspace.id) facts.otherWorkspaces.push_back(other);
+  // The places it may be forced to, by the titles the bar shows them with.
+  for (auto other : model.forcePlacementChoices(workspace)) {
+    other.name = model.workspaceDisplayTitle(other);
+    facts.otherWorkspaces.push_back(std::move(other));
   }
   facts.taskbarBehavior = model.settings.workspaceTaskbarBehavior;
-  return workspaceRowMenu(facts);
+  Menu menu = workspaceRowMenu(facts);
+  disableUnavailableItems(model, menu);
+  return menu;
 }
 
 }  // namespace tolv

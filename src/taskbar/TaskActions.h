@@ -15,7 +15,12 @@ class AppModel;
 // Returns false when the subject is gone or the operation is not available.
 bool performMenuAction(AppModel& model, const MenuAction& action);
 
-// The menus as the model stands now.
+// Whether the command can act here and now. A menu shows an item whose
+// command can't act as disabled, and the dispatcher refuses it by the same rule.
+bool menuActionAvailable(const AppModel& model, const MenuAction& action);
+void disableUnavailableItems(const AppModel& model, Menu& menu);
+
+// The menus as the model stands now, their unavailable items disabled.
 Menu entryMenu(const AppModel& model, const TaskbarEntry& entry);
 Menu groupHeaderMenu(const AppModel& model, const RunningAppGroup& group);
 Menu groupRowMenu(const AppModel& model, const RunningAppGroup& group,

@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "model/TaskIdentifiers.h"
+#include "taskbar/TabColors.h"
 #include "taskbar/TaskTexts.h"
 
 namespace tolv {
@@ -11,8 +12,6 @@ namespace tolv {
 namespace {
 
 constexpr std::string_view kSystemSettingsBundle = "com.apple.systempreferences";
-constexpr std::array<const char*, 7> kColorNames{"Red",  "Orange", "Yellow", "Green",
-                                                 "Blue", "Purple", "Gray"};
 
 MenuItem divider() {
   MenuItem item;
@@ -51,8 +50,11 @@ MenuItem colorItem(std::string title, ColorTarget target, const std::string& sub
 }
 
 void appendNamedColors(Menu& menu, ColorTarget target, const std::string& subject) {
-  for (const char* name : kColorNames)
+  for (LiveTabColor color : kLiveTabColors) {
+    if (color == LiveTabColor::defaultColor) continue;
+    std::string name(liveTabColorName(color));
     menu.push_back(colorItem(name, target, subject, name));
+  }
 }
 
 MenuItem pickerItem(ColorTarget target, const std::string& subject) {

@@ -97,6 +97,7 @@ void AppModel::placeWorkspaceTaskOnDesktop(const ManagedWorkspaceTask& task,
 void AppModel::resyncTaskbarOnDesktop() {
   auto rescan = [](AppModel& model) {
     model.refreshRunningApps({.forceBadgeScan = true, .publish = true});
+    model.reapplyDefaultColors();
     model.clearForcedUngrouped();
     model.saveWorkspaceTaskbarState();
   };

@@ -1,6 +1,7 @@
 #include "platform/qt/QtAlerts.h"
 
 #include <QCheckBox>
+#include <QColorDialog>
 #include <QDialog>
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -78,6 +79,41 @@ AlertResult QtAlerts::runModal(const Alert& alert, const AlertPlacement& placeme
   for (QCheckBox* check : boxes)
     result.checkBoxStates.push_back(check->isChecked());
   return result;
+}
+
+QtAlerts::~QtAlerts() {
+  delete colorDialog_.data();
+}
+
+void QtAlerts::showColorPanel(ColorPanelRequest request) {
+  colorChanged_ = std::move(request.colorChanged);
+  if (!colorDialog_) {
+    colorDialog_ = new QColorDialog;
+    colorDialog_->setWindowTitle("Colors");
+    colorDialog_->setOption(QColorDialog::ShowAlphaChannel, false);
+    colorDialog_->setOption(QColorDialog::NoButtons, true);
+    colorDialog_->setWindowFlag(Qt::WindowStaysOnTopHint);
+    QObject::connect(colorDialog_, &QColorDialog::currentColorChanged, [this](const QColor& color) {
+      if (!colorChanged_) return;
+      if (!color.isValid()) {
+        colorChanged_(std::nullopt);
+        return;
+      }
+      QColor rgb = color.toRgb();
+      colorChanged_(PanelColor{rgb.redF(), rgb.greenF(), rgb.blueF()});
+    });
+  }
+  if (request.initial) {
+    // Setting the start colour is no choice of the user's: it isn't handed over.
+    auto handler = std::move(colorChanged_);
+    colorChanged_ = nullptr;
+    colorDialog_->setCurrentColor(QColor::fromRgbF(
+        float(request.initial->red), float(request.initial->green), float(request.initial->blue)));
+    colorChanged_ = std::move(handler);
+  }
+  colorDialog_->show();
+  colorDialog_->raise();
+  colorDialog_->activateWindow();
 }
 
 }  // namespace tolv::qt

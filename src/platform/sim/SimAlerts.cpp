@@ -39,4 +39,17 @@ AlertResult SimAlerts::runModal(const Alert& alert, const AlertPlacement& placem
   return result;
 }
 
+void SimAlerts::showColorPanel(ColorPanelRequest request) {
+  panelsShown_.push_back(request.initial);
+  colorChanged_ = std::move(request.colorChanged);
+}
+
+bool SimAlerts::chooseColor(std::optional<PanelColor> color) {
+  if (!colorChanged_) return false;
+  // The handler may show the panel again; it runs on a copy.
+  auto handler = colorChanged_;
+  handler(color);
+  return true;
+}
+
 }  // namespace tolv::sim

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <deque>
+#include <functional>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -11,8 +13,9 @@
 namespace tolv::sim {
 
 // Alerts never block: each alert shown takes the oldest unused scripted answer,
-// or else its last button. Every alert is recorded with the frame it was given
-// on the main screen, laid out at a fixed size.
+// or else its last button. The colour panel stays open once shown, and the
+// script moves it to colours as a user's hand would. Every alert is recorded with the frame it was
+// given on the main screen, laid out at a fixed size.
 class SimAlerts : public Alerts {
  public:
   static constexpr Size kAlertSize{420, 180};
@@ -37,6 +40,13 @@ class SimAlerts : public Alerts {
   void queueAnswer(Answer answer, std::optional<std::vector<bool>> checkBoxes = std::nullopt) {
     answers_.push_back({std::move(answer), std::move(checkBoxes)});
   }
+
+  void showColorPanel(ColorPanelRequest request) override;
+
+  // The user moves the open colour panel to a colour; false when no panel is open.
+  bool chooseColor(std::optional<PanelColor> color);
+  // The start colour of each time the panel was shown, in order.
+  const std::vector<std::optional<PanelColor>>& colorPanelsShown() const { return panelsShown_; }
   const std::vector<Shown>& shown() const { return shown_; }
 
  private:
@@ -47,6 +57,8 @@ class SimAlerts : public Alerts {
   };
   std::deque<Queued> answers_;
   std::vector<Shown> shown_;
+  std::vector<std::optional<PanelColor>> panelsShown_;
+  std::function<void(std::optional<PanelColor>)> colorChanged_;
 };
 
 }  // namespace tolv::sim

@@ -157,5 +157,82 @@ TEST_F(LiveSpaces, AnAddedDesktopAppearsAndTheOthersKeepTheirIds) {
               Not(Contains(::testing::Key("desktop-3"))));
 }
 
+// The workspace commands, as a pager carries them out: each desktop's xterms.
+class LiveWorkspaceCommands : public LiveSpaces {
+ protected:
+  void startModel() {
+    model = AppModel::make(desktop->platform());
+    model->settings.workspaceTaskbarBehavior = "separate";
+    model->start();
+    ASSERT_TRUE(waitUntil([&] { return workspaceNames().size() == 3; }));
+  }
+  ManagedWorkspaceTask workspace(size_t index) { return model->managedWorkspaceTasks.get()[index]; }
+
+  xcb_window_t clientOf(Pid pid) {
+    X11Connection& x = desktop->connection();
+    for (uint32_t window : x.cardinals(x.root(), "_NET_CLIENT_LIST").value_or(Cardinals{})) {
+      auto owner = x.cardinals(window, "_NET_WM_PID");
+      if (owner && !owner->empty() && owner->front() == static_cast<uint32_t>(pid)) return window;
+    }
+    return XCB_WINDOW_NONE;
+  }
+  bool isFullScreen(xcb_window_t window) {
+    X11Connection& x = desktop->connection();
+    auto state = x.cardinals(window, "_NET_WM_STATE").value_or(Cardinals{});
+    return std::find(state.begin(), state.end(), x.atom("_NET_WM_STATE_FULLSCREEN")) != state.end();
+  }
+  // Asks the window manager to put the window in full screen, as a pager does.
+  void putInFullScreen(xcb_window_t window) {
+    X11Connection& x = desktop->connection();
+    xcb_client_message_event_t event{};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = window;
+    event.type = x.atom("_NET_WM_STATE");
+    event.data.data32[0] = 1;  // add
+    event.data.data32[1] = x.atom("_NET_WM_STATE_FULLSCREEN");
+    event.data.data32[3] = 2;  // from a pager
+    xcb_send_event(x.raw(), 0, x.root(),
+                   XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+                   reinterpret_cast<const char*>(&event));
+    x.flush();
+  }
+  using Cardinals = std::vector<uint32_t>;
+};
+
+TEST_F(LiveWorkspaceCommands, QuittingADesktopClosesTheXtermsOnItAndNoOthers) {
+  Pid mail = xtermOn("Tolv Stays", 0);
+  Pid code = xtermOn("Tolv Quits", 1);
+  startModel();
+  ASSERT_TRUE(waitUntil([&] { return hasTask("Tolv Stays"); }));
+  // The xterm is known on its desktop once the window manager has moved it there.
+  ASSERT_TRUE(waitUntil([&] { return model->windowOwnersInSpace(workspace(1)).count(code) > 0; }));
+  model->quitWorkspaceApplications(workspace(1));
+  EXPECT_TRUE(waitForExit(code).has_value()) << "the xterm on the second desktop still runs";
+  EXPECT_FALSE(waitForExit(mail, 0.5).has_value()) << "the first desktop's xterm was closed too";
+  terminate(mail);
+}
+
+TEST_F(LiveWorkspaceCommands, ClosingADesktopJumpsThereAndClosesItsFrontWindow) {
+  Pid code = xtermOn("Tolv Closes", 1);
+  startModel();
+  model->closeWorkspace(workspace(1));
+  ASSERT_TRUE(waitUntil([&] { return currentDesktop() == 1u; }));
+  EXPECT_TRUE(waitForExit(code).has_value()) << "the xterm was not closed";
+}
+
+TEST_F(LiveWorkspaceCommands, LeavingFullScreenJumpsThereAndEndsTheWindowsFullScreen) {
+  Pid code = xtermOn("Tolv Full Screen", 1);
+  ASSERT_TRUE(waitUntil([&] { return clientOf(code) != XCB_WINDOW_NONE; }));
+  xcb_window_t window = clientOf(code);
+  putInFullScreen(window);
+  ASSERT_TRUE(waitUntil([&] { return isFullScreen(window); })) << "openbox kept the window";
+  startModel();
+  model->leaveWorkspaceFullScreen(workspace(1));
+  ASSERT_TRUE(waitUntil([&] { return currentDesktop() == 1u; }));
+  EXPECT_TRUE(waitUntil([&] { return !isFullScreen(window); })) << "still in full screen";
+  terminate(code);
+}
+
 }  // namespace
 }  // namespace tolv::x11::testing

@@ -306,5 +306,38 @@ TEST(QtMenus, TheToolkitMenuFollowsTheTreeAndHandsBackTheChosenAction) {
   EXPECT_THAT(chosen, ::testing::ElementsAre("b", "a"));
 }
 
+TEST_F(TaskButtons, AColouredTabIsFilledWithItsEffectiveColourAtTheTabOpacity) {
+  start();
+  std::string inbox;
+  for (const auto& item : model.runningApps.get()) {
+    if (item.name == "Inbox") inbox = item.id;
+  }
+  Rect frame = tabFrame("Inbox");
+  auto fill = [&] { return pixel(frame.maxX() - 3, frame.midY()); };
+  const QColor plain = fill();
+
+  model.settings.tabColorOpacity = 0.9;
+  model.setLiveTabColor("Custom:#FF0000", inbox);
+  QColor strong = fill();
+  EXPECT_GT(strong.red(), 200) << strong.name().toStdString();
+  EXPECT_LT(strong.green(), 60) << strong.name().toStdString();
+  model.settings.tabColorOpacity = 0.2;
+  model.modelChanged.emit();
+  EXPECT_LT(fill().red(), strong.red() - 60) << "a lower opacity lets the bar through";
+
+  // Cleared, the tab shows its application's lasting colour, without a live entry.
+  model.settings.tabColorOpacity = 0.9;
+  model.settings.defaultAppColors["com.example.Mail"] = "Custom:#00FF00";
+  model.setLiveTabColor(std::nullopt, inbox);
+  QColor lasting = fill();
+  EXPECT_GT(lasting.green(), 200) << lasting.name().toStdString();
+  EXPECT_LT(lasting.red(), 60) << lasting.name().toStdString();
+
+  // An unreadable lasting colour paints nothing.
+  model.settings.defaultAppColors["com.example.Mail"] = "Custom:#00FF0";
+  model.modelChanged.emit();
+  EXPECT_TRUE(near(fill(), plain, 2)) << fill().name().toStdString();
+}
+
 }  // namespace
 }  // namespace tolv

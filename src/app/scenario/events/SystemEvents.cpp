@@ -3,6 +3,7 @@
 
 #include "app/scenario/DesktopSetup.h"
 #include "app/scenario/Events.h"
+#include "app/scenario/ScenarioError.h"
 #include "platform/sim/SimAlerts.h"
 #include "platform/sim/SimPointer.h"
 #include "platform/sim/SimScreens.h"
@@ -65,6 +66,27 @@ const EventRegistration kAnswerAlert{
       }
       return StepAction([answer, checkBoxes](RunContext& run) {
         run.desktop->alerts().queueAnswer(answer, checkBoxes);
+      });
+    }};
+
+// The user moves the open colour panel to a colour: `rgb`, three sRGB
+// components from 0 to 1, or null for a colour that has no sRGB form.
+const EventRegistration kChooseColor{
+    "chooseColor", [](JsonReader& entry, CompileContext&) {
+      const Json& rgb = entry.require("rgb");
+      std::optional<PanelColor> color;
+      if (!rgb.is_null()) {
+        if (!rgb.is_array() || rgb.size() != 3 || !rgb[0].is_number() || !rgb[1].is_number() ||
+            !rgb[2].is_number()) {
+          entry.fail("rgb", "expected three numbers from 0 to 1, or null");
+        }
+        color = PanelColor{rgb[0].get<double>(), rgb[1].get<double>(), rgb[2].get<double>()};
+      }
+      std::string place = entry.placeOf("rgb");
+      return StepAction([color, place](RunContext& run) {
+        if (!run.desktop->alerts().chooseColor(color)) {
+          throw ScenarioError(place + ": no colour panel is open");
+        }
       });
     }};
 

@@ -111,6 +111,15 @@ const FieldRegistration kDesktopFields{{
     {"defaults", [](RunContext& run) -> Field { return namingFiles(storedDefaults)(run); }},
     {"log", [](RunContext& run) -> Field { return logEntries(run); }},
     {"alerts", simulated(namingFiles(shownAlerts))},
+    // The start colour of every showing of the colour panel, null for none.
+    {"colorPanels", simulated([](RunContext& run) {
+       OutJson shown = OutJson::array();
+       for (const auto& initial : run.desktop->alerts().colorPanelsShown()) {
+         shown.push_back(initial ? OutJson{initial->red, initial->green, initial->blue}
+                                 : OutJson());
+       }
+       return shown;
+     })},
     {"actions", simulated(namingFiles(actions))},
     {"otherCopies", simulated(otherCopies)},
     {"calls", simulated([](RunContext& run) -> OutJson { return run.desktop->calls().all(); })},
