@@ -58,15 +58,20 @@ struct Bar {
   }
 };
 
+// The thickness of a bar whose overflow cards are expanded, tucked 7 and overlapping 2.
+double expandedPanelHeight(int64_t cards) {
+  return computeOverflowGeometry(OverflowGeometryKey{.overflowCount = cards,
+                                                     .tuck = 7,
+                                                     .overlap = 2,
+                                                     .autoHideOverflow = false,
+                                                     .rowsExpanded = true})
+      .normalHeight;
+}
+
 TEST(TaskbarDrawing, ABottomBarDrawsItsRowsUpwardAndTheLastCardEndsAtThePanelsHeight) {
   // Eight tabs: five in the primary row, three on one card; then twenty-one for
   // four cards of four.
-  double height = computeOverflowGeometry(OverflowGeometryKey{.overflowCount = 1,
-                                                              .tuck = 7,
-                                                              .overlap = 2,
-                                                              .autoHideOverflow = false,
-                                                              .rowsExpanded = true})
-                      .normalHeight;
+  double height = expandedPanelHeight(1);
   Bar bar(8, "bottomL", {0, 0, 1440, height}, 1440);
   EXPECT_EQ(bar.tabOnScreen("t0"), (Rect{400, 3, 190, 28}));
   EXPECT_EQ(bar.tabOnScreen("t4"), (Rect{400 + 4 * 194, 3, 190, 28}));
@@ -84,12 +89,7 @@ TEST(TaskbarDrawing, ABottomBarDrawsItsRowsUpwardAndTheLastCardEndsAtThePanelsHe
   EXPECT_DOUBLE_EQ(card.x, leading);
   EXPECT_DOUBLE_EQ(card.maxX(), 1440);
 
-  double tall = computeOverflowGeometry(OverflowGeometryKey{.overflowCount = 4,
-                                                            .tuck = 7,
-                                                            .overlap = 2,
-                                                            .autoHideOverflow = false,
-                                                            .rowsExpanded = true})
-                    .normalHeight;
+  double tall = expandedPanelHeight(4);
   Bar many(21, "bottomL", {0, 0, 1440, tall}, 1440);
   auto stacked = many.draw();
   ASSERT_EQ(stacked.cards.size(), 4u);
@@ -121,12 +121,7 @@ TEST(TaskbarDrawing, TuckedCardsShowTheirOuterEdgeAndHideTheirTabs) {
 }
 
 TEST(TaskbarDrawing, ATopBarHangsFromTheMenuStripAndItsCardsGoDown) {
-  double height = computeOverflowGeometry(OverflowGeometryKey{.overflowCount = 1,
-                                                              .tuck = 7,
-                                                              .overlap = 2,
-                                                              .autoHideOverflow = false,
-                                                              .rowsExpanded = true})
-                      .normalHeight;
+  double height = expandedPanelHeight(1);
   Rect panel{0, 900 - height - 28, 1440, height + 28};
   Bar bar(8, "topL", panel, 1440);
   bar.input.bufferStrip = true;
@@ -184,12 +179,7 @@ TEST(TaskbarDrawing, AWiderFurtherCardGetsAnInnerCornerOnlyWhileTucked) {
 }
 
 TEST(TaskbarDrawing, TheBackgroundBehindSeveralCardsAndTheLockMarker) {
-  double tall = computeOverflowGeometry(OverflowGeometryKey{.overflowCount = 3,
-                                                            .tuck = 7,
-                                                            .overlap = 2,
-                                                            .autoHideOverflow = false,
-                                                            .rowsExpanded = true})
-                    .normalHeight;
+  double tall = expandedPanelHeight(3);
   Bar bar(17, "bottomL", {0, 0, 1440, tall}, 1440);
   ASSERT_EQ(bar.layout.rows.size(), 3u);
   EXPECT_FALSE(bar.draw().stackBackground);
