@@ -26,6 +26,14 @@ namespace {
 // The flag of WM_HINTS that marks a window urgent (ICCCM 4.1.2.4).
 constexpr uint32_t kUrgencyHint = 1u << 8;
 
+void noteHints(const std::optional<std::vector<uint32_t>>& hints, ClientFacts& facts) {
+  facts.urgent = hints && !hints->empty() && ((*hints)[0] & kUrgencyHint) != 0;
+}
+
+void noteDesktop(const std::optional<std::vector<uint32_t>>& desktop, ClientFacts& facts) {
+  facts.desktop = desktop && !desktop->empty() ? std::optional(desktop->front()) : std::nullopt;
+}
+
 }  // namespace
 
 const ClientFacts* X11Clients::factsOf(xcb_window_t window) const {
@@ -33,26 +41,33 @@ const ClientFacts* X11Clients::factsOf(xcb_window_t window) const {
   return found == facts_.end() ? nullptr : &found->second;
 }
 
-void X11Clients::readWindowType(xcb_window_t window, ClientFacts& facts) {
-  auto types = connection_.cardinals(window, "_NET_WM_WINDOW_TYPE");
+void X11Clients::noteWindowType(const std::optional<std::vector<uint32_t>>& types,
+                                ClientFacts& facts) {
   // The first type the window names that the window manager knows is the one it has.
   facts.normalOrDialog = !types || types->empty() ||
                          types->front() == connection_.atom("_NET_WM_WINDOW_TYPE_NORMAL") ||
                          types->front() == connection_.atom("_NET_WM_WINDOW_TYPE_DIALOG");
 }
 
-void X11Clients::readStates(xcb_window_t window, ClientFacts& facts) {
-  facts.states = connection_.cardinals(window, "_NET_WM_STATE").value_or(std::vector<uint32_t>{});
-}
-
-void X11Clients::readHints(xcb_window_t window, ClientFacts& facts) {
-  auto hints = connection_.cardinals(window, "WM_HINTS");
-  facts.urgent = hints && !hints->empty() && ((*hints)[0] & kUrgencyHint) != 0;
-}
-
-void X11Clients::readDesktop(xcb_window_t window, ClientFacts& facts) {
-  auto desktop = connection_.cardinals(window, "_NET_WM_DESKTOP");
-  facts.desktop = desktop && !desktop->empty() ? std::optional(desktop->front()) : std::nullopt;
+void X11Clients::readFacts(const std::vector<xcb_window_t>& windows) {
+  static constexpr const char* kProperties[] = {"_NET_WM_PID", "_NET_WM_WINDOW_TYPE",
+                                                "_NET_WM_STATE", "WM_HINTS", "_NET_WM_DESKTOP"};
+  std::vector<X11Connection::PropertyRequest> requests;
+  for (xcb_window_t window : windows) {
+    for (const char* property : kProperties)
+      requests.push_back({window, property});
+  }
+  auto answers = connection_.cardinalsOfEach(requests);
+  for (size_t index = 0; index < windows.size(); ++index) {
+    auto* answer = &answers[index * std::size(kProperties)];
+    ClientFacts facts;
+    facts.pid = answer[0] && !answer[0]->empty() ? static_cast<Pid>(answer[0]->front()) : 0;
+    noteWindowType(answer[1], facts);
+    facts.states = answer[2].value_or(std::vector<uint32_t>{});
+    noteHints(answer[3], facts);
+    noteDesktop(answer[4], facts);
+    facts_.insert_or_assign(windows[index], std::move(facts));
+  }
 }
 
 std::optional<uint32_t> X11Clients::desktopOf(xcb_window_t window) const {
@@ -124,21 +139,17 @@ void X11Clients::refresh() {
   for (const auto& [window, facts] : facts_) {
     if (!now.count(window)) gone.emplace_back(window, facts.pid);
   }
-  std::vector<std::pair<xcb_window_t, Pid>> added;
+  std::vector<xcb_window_t> newcomers;
   for (xcb_window_t window : listed) {
     if (facts_.count(window)) continue;
     // Watched before it is read, so no change between the read and the watch is lost.
     connection_.watch(window);
-    ClientFacts facts;
-    auto pid = connection_.cardinals(window, "_NET_WM_PID");
-    facts.pid = pid && !pid->empty() ? static_cast<Pid>(pid->front()) : 0;
-    readWindowType(window, facts);
-    readStates(window, facts);
-    readHints(window, facts);
-    readDesktop(window, facts);
-    added.emplace_back(window, facts.pid);
-    facts_.emplace(window, std::move(facts));
+    newcomers.push_back(window);
   }
+  readFacts(newcomers);
+  std::vector<std::pair<xcb_window_t, Pid>> added;
+  for (xcb_window_t window : newcomers)
+    added.emplace_back(window, facts_.at(window).pid);
   for (const auto& [window, pid] : gone)
     facts_.erase(window);
   windows_.assign(listed.begin(), listed.end());
@@ -177,17 +188,18 @@ void X11Clients::handle(const xcb_generic_event_t& event) {
     if (notify.atom == connection_.atom("_NET_WM_NAME") || notify.atom == XCB_ATOM_WM_NAME) {
       titleChanged_.emit(notify.window, facts.pid);
     } else if (notify.atom == connection_.atom("_NET_WM_STATE")) {
-      readStates(notify.window, facts);
+      facts.states =
+          connection_.cardinals(notify.window, "_NET_WM_STATE").value_or(std::vector<uint32_t>{});
       stateChanged_.emit(notify.window, facts.pid);
     } else if (notify.atom == XCB_ATOM_WM_HINTS) {
       // Urgency changes what the badges show, not the window's tab.
-      readHints(notify.window, facts);
+      noteHints(connection_.cardinals(notify.window, "WM_HINTS"), facts);
     } else if (notify.atom == connection_.atom("_NET_WM_WINDOW_TYPE")) {
-      readWindowType(notify.window, facts);
+      noteWindowType(connection_.cardinals(notify.window, "_NET_WM_WINDOW_TYPE"), facts);
       stateChanged_.emit(notify.window, facts.pid);
     } else if (notify.atom == connection_.atom("_NET_WM_DESKTOP")) {
       // The window left or joined the current desktop: its application's list changed.
-      readDesktop(notify.window, facts);
+      noteDesktop(connection_.cardinals(notify.window, "_NET_WM_DESKTOP"), facts);
       stateChanged_.emit(notify.window, facts.pid);
       desktopsChanged_.emit(false);
     } else if (notify.atom == connection_.atom("_NET_WM_PID")) {

@@ -80,10 +80,9 @@ class X11Clients {
  private:
   void handle(const xcb_generic_event_t& event);
   const ClientFacts* factsOf(xcb_window_t window) const;
-  void readWindowType(xcb_window_t window, ClientFacts& facts);
-  void readStates(xcb_window_t window, ClientFacts& facts);
-  void readHints(xcb_window_t window, ClientFacts& facts);
-  void readDesktop(xcb_window_t window, ClientFacts& facts);
+  // Reads the facts of windows new to the list, all in one batch.
+  void readFacts(const std::vector<xcb_window_t>& windows);
+  void noteWindowType(const std::optional<std::vector<uint32_t>>& types, ClientFacts& facts);
 
   X11Connection& connection_;
   std::vector<xcb_window_t> windows_;
