@@ -1,5 +1,7 @@
 #include "app/scenario/Checkpoints.h"
 
+#include "app/scenario/DesktopPicture.h"
+
 #include <algorithm>
 #include <map>
 
@@ -61,7 +63,10 @@ StepAction readCheckpoint(JsonReader& entry) {
   return [name, fields](RunContext& run) {
     auto line = checkpointLine(run, name, fields);
     if (run.writeLine) run.writeLine(line);
-    if (run.views && run.snapshotDirectory) run.views->saveSnapshots(*run.snapshotDirectory, name);
+    if (run.views && run.snapshotDirectory) {
+      run.views->saveSnapshots(*run.snapshotDirectory, name,
+                               run.desktop ? desktopScene(*run.desktop) : DesktopScene{});
+    }
   };
 }
 

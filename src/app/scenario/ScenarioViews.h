@@ -9,6 +9,7 @@
 #include "app/AppControllers.h"
 #include "app/scenario/DesktopSetup.h"
 #include "platform/Geometry.h"
+#include "taskbar/DesktopScene.h"
 
 namespace tolv {
 struct TaskRowLayout;
@@ -44,9 +45,11 @@ class ScenarioViews {
   virtual std::optional<nlohmann::json> openMenu() const = 0;
   // Chooses the open menu's first item of that title; whether there was one.
   virtual bool chooseMenuItem(const std::string& title) = 0;
-  // Saves every panel as DIR/<checkpoint>-<panel>-<screen>.png.
+  // Saves every panel as DIR/<checkpoint>-<panel>-<screen>.png, over a
+  // picture of the desktop's windows.
   virtual std::vector<std::string> saveSnapshots(const std::string& directory,
-                                                 const std::string& checkpoint) const = 0;
+                                                 const std::string& checkpoint,
+                                                 const DesktopScene& desktop) const = 0;
 };
 
 }  // namespace tolv::scenario

@@ -70,9 +70,10 @@ bool PanelScenarioViews::chooseMenuItem(const std::string& title) {
 }
 
 std::vector<std::string> PanelScenarioViews::saveSnapshots(const std::string& directory,
-                                                           const std::string& checkpoint) const {
+                                                           const std::string& checkpoint,
+                                                           const DesktopScene& desktop) const {
   if (!taskbar_) return {};
-  return taskbar_->saveSnapshots(directory, checkpoint);
+  return taskbar_->saveSnapshots(directory, checkpoint, desktop);
 }
 
 }  // namespace tolv

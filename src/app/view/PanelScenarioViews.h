@@ -27,7 +27,8 @@ class PanelScenarioViews : public scenario::ScenarioViews {
   std::optional<nlohmann::json> openMenu() const override;
   bool chooseMenuItem(const std::string& title) override;
   std::vector<std::string> saveSnapshots(const std::string& directory,
-                                         const std::string& checkpoint) const override;
+                                         const std::string& checkpoint,
+                                         const DesktopScene& desktop) const override;
 
  private:
   std::unique_ptr<TextMeasurer> measurer_;

@@ -15,6 +15,7 @@
 #include "taskbar/TaskbarLocation.h"
 #include "taskbar/TrayClicks.h"
 #include "taskbar/WorkspacePanelGeometry.h"
+#include "taskbar/view/DesktopScenePainter.h"
 #include "taskbar/view/GroupPopupView.h"
 #include "taskbar/view/QtMenus.h"
 #include "taskbar/view/QtPanelWindow.h"
@@ -452,11 +453,16 @@ nlohmann::json TaskbarPanelController::describeRows() const {
   return layout ? describeTaskRows(*layout) : nlohmann::json::array();
 }
 
-QImage TaskbarPanelController::snapshot(const TaskbarPanel& panel) const {
+QImage TaskbarPanelController::snapshot(const TaskbarPanel& panel,
+                                        const DesktopScene& desktop) const {
   const Rect& screen = panel.screen.frame;
   Rect frame = panel.window->frame();
   QImage canvas(qRound(screen.width), qRound(screen.height), QImage::Format_ARGB32_Premultiplied);
   canvas.fill(kDesktop);
+  {
+    QPainter painter(&canvas);
+    paintDesktopScene(painter, desktop, screen);
+  }
 
   QWidget* view = window(panel).content();
   if (!view) return canvas;
@@ -471,8 +477,9 @@ QImage TaskbarPanelController::snapshot(const TaskbarPanel& panel) const {
   return canvas;
 }
 
-std::vector<std::string> TaskbarPanelController::saveSnapshots(
-    const std::string& directory, const std::string& checkpoint) const {
+std::vector<std::string> TaskbarPanelController::saveSnapshots(const std::string& directory,
+                                                               const std::string& checkpoint,
+                                                               const DesktopScene& desktop) const {
   FileSystem& files = *model_.platform().fileSystem;
   std::vector<std::string> written;
   if (!files.createDirectories(directory)) return written;
@@ -480,7 +487,7 @@ std::vector<std::string> TaskbarPanelController::saveSnapshots(
     QByteArray png;
     QBuffer buffer(&png);
     buffer.open(QIODevice::WriteOnly);
-    if (!snapshot(*panel).save(&buffer, "PNG")) continue;
+    if (!snapshot(*panel, desktop).save(&buffer, "PNG")) continue;
     std::string path =
         directory + "/" +
         snapshotFileName(checkpoint, panelKindName(PanelKind::Taskbar), panel->screenIndex);

@@ -11,6 +11,7 @@
 
 #include "taskbar/AutoHide.h"
 #include "taskbar/BufferStrip.h"
+#include "taskbar/DesktopScene.h"
 #include "taskbar/TabClicks.h"
 #include "taskbar/TaskbarController.h"
 #include "taskbar/TaskbarPanels.h"
@@ -93,12 +94,14 @@ class TaskbarPanelController : public TaskbarController {
   bool workspacePanelHoldsBar() const;
 
   // The panel as seen on its screen: the screen's area in a plain desktop
-  // colour, the panel drawn at its frame with its alpha. One pixel per point.
-  QImage snapshot(const TaskbarPanel& panel) const;
+  // colour with the desktop's windows, the panel drawn at its frame with its
+  // alpha. One pixel per point.
+  QImage snapshot(const TaskbarPanel& panel, const DesktopScene& desktop = {}) const;
   // Saves every taskbar panel as DIR/<checkpoint>-<panel>-<screen>.png and
   // returns the paths written; a file that can't be written is left out.
   std::vector<std::string> saveSnapshots(const std::string& directory,
-                                         const std::string& checkpoint) const;
+                                         const std::string& checkpoint,
+                                         const DesktopScene& desktop = {}) const;
 
  private:
   class WindowFactory;

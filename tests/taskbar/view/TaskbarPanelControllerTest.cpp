@@ -74,6 +74,26 @@ class TaskbarPanelsOnScreen : public ::testing::Test {
   }
 };
 
+// A picture of a checkpoint shows the desktop's windows behind the bar, in
+// the screen's coordinates, the bar in front of any window it overlaps.
+TEST_F(TaskbarPanelsOnScreen, ASnapshotShowsTheDesktopsWindowsBehindTheBar) {
+  model.settings.taskbarLocation = "bottomL";
+  openWindows();
+  TaskbarPanelController controller(model, measure);
+  controller.rebuildPanels();
+  const Screen screen = sim::SimScreens::standardScreen();
+  const DesktopScene scene{{.frame = {600, 0, 400, 300}, .title = "Behind", .focused = true}};
+  QImage image = controller.snapshot(*controller.panels().panels().front(), scene);
+
+  const QColor body = pixel(image, screen, 800, 150);
+  EXPECT_NE(body, kDesktop);
+  EXPECT_GT(body.lightness(), 200) << describe(body);
+  EXPECT_EQ(pixel(image, screen, 1100, 150), kDesktop) << "right of the window";
+  EXPECT_EQ(pixel(image, screen, 800, 320), kDesktop) << "above the window";
+  // The bar covers the window's lower edge, which stands under it.
+  EXPECT_LT(pixel(image, screen, 800, 17).lightness(), 200);
+}
+
 TEST_F(TaskbarPanelsOnScreen, ABottomBarIsSavedWithItsTabsInTheirRows) {
   model.settings.taskbarLocation = "bottomL";
   openWindows();
