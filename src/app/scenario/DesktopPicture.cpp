@@ -3,11 +3,12 @@
 #include <algorithm>
 
 #include "platform/sim/SimDesktop.h"
+#include "platform/sim/SimScreens.h"
 
 namespace tolv::scenario {
 
 DesktopScene desktopScene(sim::SimDesktop& desktop) {
-  const std::vector<Screen> screens = desktop.platform().screens->screens();
+  const std::vector<Screen>& screens = desktop.screens().configured();
   // Window positions count down from the highest top edge of all screens.
   double top = 0;
   for (const Screen& screen : screens)

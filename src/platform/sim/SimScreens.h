@@ -15,6 +15,8 @@ class SimScreens : public Screens {
   std::vector<Screen> screens() override;
   // Replaces the screens and announces the change.
   void setScreens(std::vector<Screen> screens);
+  // The screens as they stand, for pictures of the desktop: not a call of the program.
+  const std::vector<Screen>& configured() const { return screens_; }
 
   static Screen standardScreen();
 
