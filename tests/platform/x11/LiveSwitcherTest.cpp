@@ -47,7 +47,6 @@ class LiveSwitcher : public LiveDesktopTest {
 };
 
 TEST_F(LiveSwitcher, ControlTabTwiceFromAnyWindowBringsBackThePreviousOne) {
-  openDesktop();
   for (const char* title : {"Tolv One", "Tolv Two", "Tolv Three"})
     spawn({"xterm", "-T", title});
   ASSERT_TRUE(waitUntil([&] { return desktop->clients().taskPids().size() == 3; }));
