@@ -83,7 +83,6 @@ class LumoSwitcherController : public SwitcherController {
   void quitWindow(const RunningAppItem& item);
   void setPreviewMode(LumoPreviewMode mode);
   void setExpanded(const std::string& sectionID, bool expanded);
-  void dismiss() { close(); }
 
   // ---- still images ----
   void setTileVisible(const RunningAppItem& item, bool visible);

@@ -167,7 +167,10 @@ bool LumoSwitcherController::captureWindow(const RunningAppItem& item, int64_t p
 
 void LumoSwitcherController::captureDesktop(int64_t previewGeneration, bool isTile) {
   if (!captureAllowed() || !shareableContent_) return;
-  if (activeCaptureIDs_.count(lumo_id::ShowDesktop)) return;
+  if (activeCaptureIDs_.count(lumo_id::ShowDesktop) ||
+      failedCaptureIDs_.count(lumo_id::ShowDesktop)) {
+    return;
+  }
   if (isTile ? captureInFlightCount_ >= kMaxConcurrentTileCaptures : captureInFlightCount_ != 0) {
     return;
   }

@@ -1,5 +1,6 @@
 #include "switcher/view/LumoSwitcherPanel.h"
 
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
@@ -7,6 +8,7 @@
 #include "platform/Images.h"
 #include "platform/qt/QtImages.h"
 #include "switcher/LumoSwitcherController.h"
+#include "switcher/SwitcherLists.h"
 
 namespace tolv {
 
@@ -23,6 +25,8 @@ QString text(const std::string& value) {
 const QColor kSelection(64, 132, 255, 200);
 const QColor kText(240, 240, 245);
 const QColor kNote(170, 170, 180);
+// The chevron at the start of a group's row.
+constexpr double kChevronWidth = 18;
 
 }  // namespace
 
@@ -34,6 +38,7 @@ LumoSwitcherPanel::LumoSwitcherPanel(Images& images, std::function<double()> mai
   setAttribute(Qt::WA_TranslucentBackground);
   setAttribute(Qt::WA_ShowWithoutActivating);
   setObjectName("lumoSwitcherPanel");
+  setMouseTracking(true);
   setWindowTitle("Lumo Switcher");
 }
 
@@ -48,6 +53,7 @@ void LumoSwitcherPanel::showCovering(const Rect& screenFrame) {
   setGeometry(qRound(screenFrame.x), qRound(top), qRound(screenFrame.width),
               qRound(screenFrame.height));
   shown_ = true;
+  desktopAsked_ = false;
   relayout();
   show();
   raise();
@@ -86,6 +92,14 @@ void LumoSwitcherPanel::relayout() {
   }
   for (const auto& [id, item] : tiles) {
     if (!previous.count(id)) controller_->setTileVisible(item, true);
+  }
+  const bool tileMode = controller_->state().previewMode == LumoPreviewMode::Tiles;
+  if (tileMode && !desktopAsked_) {
+    for (const auto& row : layout_.rows) {
+      if (row.kind != OverlayRow::Kind::Desktop) continue;
+      desktopAsked_ = true;
+      controller_->requestDesktopPreview(true);
+    }
   }
   relayingOut_ = false;
   // What the calls published is drawn from the state as it is now.
@@ -151,6 +165,23 @@ void LumoSwitcherPanel::paintRow(QPainter& painter, const OverlayRow& row) {
     return;
   }
   double x = frame.x() + 8;
+  if (row.kind == Kind::Desktop) {
+    // The desktop picture, once captured, stands where a window's icon would.
+    const auto& images = controller_->state().thumbnailImages;
+    if (auto found = images.find(lumo_id::ShowDesktop); found != images.end()) {
+      QImage picture = toolkitImage(found->second);
+      if (!picture.isNull())
+        painter.drawImage(QRectF(x, frame.y() + 4, 36, frame.height() - 8), picture);
+    }
+    x += 44;
+  }
+  if (row.kind == Kind::Group) {
+    painter.setPen(kNote);
+    const bool open = sectionExpanded(controller_->state(), *row.target.applicationID);
+    painter.drawText(QRectF(frame.x(), frame.y(), kChevronWidth, frame.height()), Qt::AlignCenter,
+                     open ? "▾" : "▸");
+    x += kChevronWidth;
+  }
   if (row.activeStrip || row.previousStrip) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(row.activeStrip ? QColor(64, 132, 255) : QColor(255, 170, 60));
@@ -245,34 +276,100 @@ void LumoSwitcherPanel::paintEvent(QPaintEvent*) {
                    Qt::AlignLeft | Qt::AlignVCenter, text(layout_.hint));
 }
 
-void LumoSwitcherPanel::mousePressEvent(QMouseEvent* event) {
-  if (!controller_ || event->button() != Qt::LeftButton) return;
-  const QPointF at = event->position();
+const OverlayRow* LumoSwitcherPanel::rowAt(QPointF point) const {
   for (const auto& row : layout_.rows) {
-    if (!qtRect(row.frame).contains(at)) continue;
-    const Selection& target = row.target;
-    switch (row.kind) {
-      case OverlayRow::Kind::Lock:
-        controller_->toggleLock();
-        return;
-      case OverlayRow::Kind::Workspace:
-        controller_->openWorkspace(*target.windowID);
-        return;
-      case OverlayRow::Kind::Desktop:
-        controller_->openShowDesktop();
-        return;
-      case OverlayRow::Kind::Group:
-        controller_->openApplication(*target.applicationID);
-        return;
-      case OverlayRow::Kind::Window:
-      case OverlayRow::Kind::Tile:
-        controller_->openWindow(*target.windowID);
-        return;
-      case OverlayRow::Kind::SectionTitle:
-      case OverlayRow::Kind::Empty:
-        return;
-    }
+    if (qtRect(row.frame).contains(point)) return &row;
   }
+  return nullptr;
+}
+
+void LumoSwitcherPanel::mouseMoveEvent(QMouseEvent* event) {
+  const OverlayRow* row = controller_ ? rowAt(event->position()) : nullptr;
+  if (!row || row->selected) return;
+  const Selection& target = row->target;
+  switch (row->kind) {
+    case OverlayRow::Kind::Window:
+    case OverlayRow::Kind::Tile:
+      controller_->selectSpecialWindow(*target.applicationID, *target.windowID);
+      return;
+    case OverlayRow::Kind::Workspace:
+      controller_->selectWorkspace(*target.windowID);
+      return;
+    case OverlayRow::Kind::Desktop:
+      controller_->selectShowDesktop();
+      return;
+    case OverlayRow::Kind::Group:
+      controller_->selectApplication(*target.applicationID);
+      return;
+    case OverlayRow::Kind::Lock:
+    case OverlayRow::Kind::SectionTitle:
+    case OverlayRow::Kind::Empty:
+      return;
+  }
+}
+
+void LumoSwitcherPanel::mousePressEvent(QMouseEvent* event) {
+  if (!controller_) return;
+  const OverlayRow* row = rowAt(event->position());
+  if (event->button() == Qt::RightButton) {
+    showMenu(row, event->globalPosition().toPoint());
+    return;
+  }
+  if (!row || event->button() != Qt::LeftButton) return;
+  const Selection& target = row->target;
+  switch (row->kind) {
+    case OverlayRow::Kind::Lock:
+      controller_->toggleLock();
+      return;
+    case OverlayRow::Kind::Workspace:
+      controller_->openWorkspace(*target.windowID);
+      return;
+    case OverlayRow::Kind::Desktop:
+      controller_->openShowDesktop();
+      return;
+    case OverlayRow::Kind::Group:
+      if (event->position().x() < row->frame.x + kChevronWidth) {
+        // The chevron stores the opposite of what it shows.
+        controller_->setExpanded(*target.applicationID,
+                                 !sectionExpanded(controller_->state(), *target.applicationID));
+      } else {
+        controller_->openApplication(*target.applicationID);
+      }
+      return;
+    case OverlayRow::Kind::Window:
+    case OverlayRow::Kind::Tile:
+      controller_->openWindow(*target.windowID);
+      return;
+    case OverlayRow::Kind::SectionTitle:
+    case OverlayRow::Kind::Empty:
+      return;
+  }
+}
+
+void LumoSwitcherPanel::showMenu(const OverlayRow* row, QPoint globalPosition) {
+  QMenu menu;
+  LumoSwitcherController& controller = *controller_;
+  if (row && row->item) {
+    const RunningAppItem item = *row->item;
+    menu.addAction("Close Window", [&controller, item] { controller.closeWindow(item); });
+    menu.addAction("Quit " + text(item.appName),
+                   [&controller, item] { controller.quitWindow(item); });
+    menu.addSeparator();
+  }
+  menu.addAction("Hide All", [&controller] { controller.hideAllWindows(); });
+  menu.addAction("Quit All", [&controller] { controller.closeAllWindows(); });
+  menu.addAction("Desktop", [&controller] { controller.openShowDesktop(); });
+  menu.addAction("Refresh", [&controller] { controller.refreshList(); });
+  QMenu* modes = menu.addMenu("Preview");
+  for (auto mode : {LumoPreviewMode::Tiles, LumoPreviewMode::Thumbnails,
+                    LumoPreviewMode::FocusWindow, LumoPreviewMode::NoPreview}) {
+    QAction* action = modes->addAction(text(previewModeText(mode)),
+                                       [&controller, mode] { controller.setPreviewMode(mode); });
+    action->setCheckable(true);
+    action->setChecked(controller.state().previewMode == mode);
+  }
+  menu.addAction("Cancel", [] {});
+  menu.exec(globalPosition);
 }
 
 QImage LumoSwitcherPanel::snapshot() {
