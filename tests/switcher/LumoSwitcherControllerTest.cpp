@@ -145,9 +145,9 @@ TEST_F(Switcher, GroupRowsAreStopsInListModesAndCommitTheWholeApplication) {
   sim.defaults().set("lumoPreviewMode", "No Preview");
   controlDown();
   controlTab();
-  EXPECT_THAT(stops(), ElementsAre("lumo-lock", "Main", "lumo-special:show-desktop",
-                                   "lumo-app:auto:1", "One", "Two", "lumo-app:auto:2", "Inbox",
-                                   "lumo-app:auto:3", "List"));
+  EXPECT_THAT(stops(),
+              ElementsAre("lumo-lock", "Main", "lumo-special:show-desktop", "lumo-app:auto:1",
+                          "One", "Two", "lumo-app:auto:2", "Inbox", "lumo-app:auto:3", "List"));
   controlTab();
   controlTab();
   controlTab();
