@@ -48,6 +48,6 @@ run() {
 }
 
 run hang-while-open 1 7.5 10
-run two-short-hangs-while-open 0 10 13
-run hang-while-closed 0 9 12
+run two-short-hangs-while-open 0 9.5 13
+run hang-while-closed 0 8.5 12
 exit $failed
