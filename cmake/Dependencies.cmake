@@ -48,7 +48,8 @@ if(NOT TOLV_CORE_ONLY)
   foreach(entry IN ITEMS
       "xcb;libxcb1-dev" "xcb-ewmh;libxcb-ewmh-dev" "xcb-icccm;libxcb-icccm4-dev"
       "xcb-randr;libxcb-randr0-dev" "xcb-keysyms;libxcb-keysyms1-dev"
-      "xcb-xtest;libxcb-xtest0-dev" "xcb-xinput;libxcb-xinput-dev" "x11;libx11-dev"
+      "xcb-xtest;libxcb-xtest0-dev" "xcb-xinput;libxcb-xinput-dev" "xcb-composite;libxcb-composite0-dev"
+      "x11;libx11-dev"
       "libplist-2.0;libplist-dev" "libpulse;libpulse-dev" "libpulse-mainloop-glib;libpulse-dev"
       "gio-2.0;libglib2.0-dev")
     list(GET entry 0 module)

@@ -16,6 +16,8 @@ packages=(
   # the live X11 desktop and the defaults store
   libxcb1-dev libxcb-ewmh-dev libxcb-icccm4-dev libxcb-randr0-dev libxcb-keysyms1-dev
   libxcb-xtest0-dev libxcb-xinput-dev libx11-dev libplist-dev
+  # still images of windows for the switcher
+  libxcb-composite0-dev
   # the tray on the live desktop: volume through libpulse
   libpulse-dev
   # default applications and launching on the live desktop: GIO

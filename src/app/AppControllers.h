@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "platform/Geometry.h"
+#include "switcher/SwitcherController.h"
 #include "taskbar/TaskbarController.h"
 
 namespace tolv {
@@ -13,7 +14,8 @@ class AppModel;
 // What the application delegate asks of the windows it owns. The toolkit's
 // controllers implement these; the delegate stays free of the toolkit. An
 // interface that a lower layer implements is declared there (the bar's in
-// taskbar/TaskbarController.h), so that nothing below reaches up into app/.
+// taskbar/TaskbarController.h, the switcher's in switcher/SwitcherController.h), so that nothing
+// below reaches up into app/.
 
 // The start menu panel.
 class StartMenuController {
@@ -24,17 +26,6 @@ class StartMenuController {
   virtual void show(const Rect& taskbarFrame) = 0;
   // Whether the open menu holds the pointer.
   virtual bool containsPointer() const = 0;
-};
-
-// The Control-Tab switcher.
-class SwitcherController {
- public:
-  virtual ~SwitcherController() = default;
-  // Takes up and gives back the switcher's own keys.
-  virtual void start() = 0;
-  virtual void stop() = 0;
-  virtual bool panelIsVisible() const = 0;
-  virtual void close() = 0;
 };
 
 // The settings window.

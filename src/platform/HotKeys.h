@@ -13,6 +13,7 @@ inline constexpr int Return = 36;
 inline constexpr int Tab = 48;
 inline constexpr int Space = 49;
 inline constexpr int Escape = 53;
+inline constexpr int Enter = 76;
 inline constexpr int Left = 123;
 inline constexpr int Right = 124;
 inline constexpr int Down = 125;
@@ -49,6 +50,7 @@ class HotKeys {
   // Answers whether it handled the key; an unhandled key goes to the next handler.
   using HotKeyHandler = std::function<bool(const HotKeyID&)>;
   using KeyHandler = std::function<void(int keyCode, uint32_t modifiers)>;
+  using FlagsHandler = std::function<void(uint32_t modifiers)>;
 
   virtual ~HotKeys() = default;
 
@@ -62,6 +64,19 @@ class HotKeys {
 
   virtual Handle addKeyDownMonitor(KeyMonitorScope scope, KeyHandler handler) = 0;
   virtual void removeKeyDownMonitor(Handle handle) = 0;
+
+  // The modifiers held down now, as key_modifier masks. Stands for
+  // NSEvent.modifierFlags.
+  virtual uint32_t heldModifiers() = 0;
+  // Told whenever a modifier goes down or comes up, with those held after it.
+  // Stands for NSEvent's local and global monitors of flags-changed events.
+  virtual Handle addFlagsChangedMonitor(KeyMonitorScope scope, FlagsHandler handler) = 0;
+  virtual void removeFlagsChangedMonitor(Handle handle) = 0;
+  // Every key of the keyboard comes to this application, whichever has the
+  // focus, until released: keys go to the local monitors. Stands for making a
+  // panel key. False when the system refuses.
+  virtual bool takeKeyboard() = 0;
+  virtual void releaseKeyboard() = 0;
 };
 
 }  // namespace tolv

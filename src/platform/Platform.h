@@ -18,6 +18,7 @@
 #include "platform/Processes.h"
 #include "platform/RunLoop.h"
 #include "platform/RuntimeIssueLog.h"
+#include "platform/ScreenCapture.h"
 #include "platform/Screens.h"
 #include "platform/Spaces.h"
 #include "platform/SystemCommands.h"
@@ -62,6 +63,8 @@ struct Platform {
   // Restarts: the new instance of this program, and showing the runtime log.
   InstanceLauncher* instanceLauncher = nullptr;
   FileViewer* fileViewer = nullptr;
+  // Still images of windows for the switcher; absent, nothing is captured.
+  ScreenCapture* screenCapture = nullptr;
 };
 
 }  // namespace tolv

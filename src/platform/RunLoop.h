@@ -42,6 +42,9 @@ class RunLoop {
   // Work for a later turn of the main queue.
   virtual void post(std::function<void()> work) = 0;
   virtual void postAfter(double delay, std::function<void()> work) = 0;
+  // Work for a later turn of the main queue, posted from any thread. Stands
+  // for DispatchQueue.main.async called off the main thread.
+  virtual void postFromAnyThread(std::function<void()> work) = 0;
 
   // Runs the loop in steps of `step` seconds until `deadline` or until `done`
   // answers true, whichever comes first. Used for short blocking waits.

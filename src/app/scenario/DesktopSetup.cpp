@@ -4,6 +4,7 @@
 #include "model/AppModel.h"
 #include "model/SettingsCatalogue.h"
 #include "platform/sim/SimRestart.h"
+#include "platform/sim/SimScreenCapture.h"
 #include "platform/sim/SimTray.h"
 #include "platform/sim/SimUserDefaults.h"
 #include "platform/sim/SimWorkspace.h"
@@ -292,6 +293,7 @@ DesktopSetup readDesktop(JsonReader desktop) {
 void buildDesktop(sim::SimDesktop& desktop, const DesktopSetup& setup) {
   desktop.screens().setScreens(setup.screens);
   desktop.setAccessibilityGranted(setup.accessibility);
+  desktop.screenCapture().setAccessGranted(setup.screenCapture);
   desktop.setSpaces(setup.spaces);
   for (const auto& [domain, values] : setup.defaults) {
     for (const auto& [key, value] : values)

@@ -1,6 +1,11 @@
 #include "app/view/PanelScenarioViews.h"
 
+#include <QBuffer>
+
+#include "model/AppModel.h"
 #include "platform/qt/QtTextMeasurer.h"
+#include "switcher/LumoSwitcherController.h"
+#include "switcher/view/LumoSwitcherPanel.h"
 #include "taskbar/FixedTextMeasurer.h"
 #include "taskbar/TaskMenus.h"
 #include "taskbar/view/TaskbarPanelController.h"
@@ -21,6 +26,19 @@ ControllerFactories PanelScenarioViews::controllerFactories(scenario::TextMeasur
   factories.makeTaskbar = [this, &measurer](AppModel& model, AutoHideHooks hooks) {
     auto controller = std::make_unique<TaskbarPanelController>(model, measurer, std::move(hooks));
     taskbar_ = controller.get();
+    return controller;
+  };
+  factories.makeSwitcher = [this](AppModel& model) {
+    Screens& screens = *model.platform().screens;
+    auto panel = std::make_unique<LumoSwitcherPanel>(*model.platform().images, [&screens] {
+      auto all = screens.screens();
+      size_t main = screens.mainScreenIndex();
+      return main < all.size() ? all[main].frame.maxY() : 0.0;
+    });
+    switcherPanel_ = panel.get();
+    files_ = model.platform().fileSystem;
+    auto controller = std::make_unique<LumoSwitcherController>(model, std::move(panel));
+    switcherPanel_->attach(*controller);
     return controller;
   };
   return factories;
@@ -72,8 +90,19 @@ bool PanelScenarioViews::chooseMenuItem(const std::string& title) {
 std::vector<std::string> PanelScenarioViews::saveSnapshots(const std::string& directory,
                                                            const std::string& checkpoint,
                                                            const DesktopScene& desktop) const {
-  if (!taskbar_) return {};
-  return taskbar_->saveSnapshots(directory, checkpoint, desktop);
+  std::vector<std::string> written;
+  if (taskbar_) written = taskbar_->saveSnapshots(directory, checkpoint, desktop);
+  if (switcherPanel_ && switcherPanel_->isVisible() && files_->createDirectories(directory)) {
+    QByteArray png;
+    QBuffer buffer(&png);
+    buffer.open(QIODevice::WriteOnly);
+    std::string path = directory + "/" + snapshotFileName(checkpoint, "switcher", 0);
+    if (switcherPanel_->snapshot().save(&buffer, "PNG") &&
+        files_->writeFileAtomically(path, std::vector<uint8_t>(png.begin(), png.end()))) {
+      written.push_back(path);
+    }
+  }
+  return written;
 }
 
 }  // namespace tolv

@@ -7,6 +7,8 @@
 namespace tolv {
 
 class TaskbarPanelController;
+class LumoSwitcherPanel;
+class FileSystem;
 class TextMeasurer;
 
 // The real taskbar panels in a scenario run: the launch sequence builds them
@@ -34,6 +36,9 @@ class PanelScenarioViews : public scenario::ScenarioViews {
   std::unique_ptr<TextMeasurer> measurer_;
   // Owned by the delegate, which the run ends before these views.
   TaskbarPanelController* taskbar_ = nullptr;
+  LumoSwitcherPanel* switcherPanel_ = nullptr;
+  // Where the switcher's pictures are written.
+  FileSystem* files_ = nullptr;
 };
 
 }  // namespace tolv

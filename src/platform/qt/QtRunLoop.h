@@ -32,6 +32,8 @@ class QtRunLoop : public RunLoop {
                                        std::function<void()> action) override;
   void post(std::function<void()> work) override;
   void postAfter(double delay, std::function<void()> work) override;
+  // The toolkit's queued calls are safe from any thread.
+  void postFromAnyThread(std::function<void()> work) override { post(std::move(work)); }
   void spinUntil(double deadline, double step, const std::function<bool()>& done) override;
 
  private:

@@ -15,6 +15,7 @@
 #include "platform/sim/SimPointer.h"
 #include "platform/sim/SimProcesses.h"
 #include "platform/sim/SimRestart.h"
+#include "platform/sim/SimScreenCapture.h"
 #include "platform/sim/SimScreens.h"
 #include "platform/sim/SimSpaces.h"
 #include "platform/sim/SimSystemCommands.h"
@@ -45,7 +46,8 @@ SimDesktop::SimDesktop()
       brightness_(std::make_unique<SimBrightness>(calls_)),
       systemCommands_(std::make_unique<SimSystemCommands>(*this, *input_, calls_)),
       instanceLauncher_(std::make_unique<SimInstanceLauncher>(*this, calls_)),
-      fileViewer_(std::make_unique<SimFileViewer>(*this, calls_)) {
+      fileViewer_(std::make_unique<SimFileViewer>(*this, calls_)),
+      screenCapture_(std::make_unique<SimScreenCapture>(*this)) {
   setSpaces({});
   alerts_ = std::make_unique<SimAlerts>(screens_.get());
   std::string pattern = (std::filesystem::temp_directory_path() / "tolv-sim-XXXXXX").string();
@@ -95,6 +97,7 @@ Platform SimDesktop::platform() {
   platform.spaces = spacesService_.get();
   platform.instanceLauncher = instanceLauncher_.get();
   platform.fileViewer = fileViewer_.get();
+  platform.screenCapture = screenCapture_.get();
   return platform;
 }
 

@@ -45,6 +45,41 @@ void SimHotKeys::removeKeyDownMonitor(Handle handle) {
   monitors_.erase(handle);
 }
 
+HotKeys::Handle SimHotKeys::addFlagsChangedMonitor(KeyMonitorScope scope, FlagsHandler handler) {
+  calls_.count("hotKeys.addFlagsChangedMonitor");
+  Handle handle = nextHandle_++;
+  flagsMonitors_[handle] = {scope, std::move(handler)};
+  return handle;
+}
+
+void SimHotKeys::removeFlagsChangedMonitor(Handle handle) {
+  calls_.count("hotKeys.removeFlagsChangedMonitor");
+  flagsMonitors_.erase(handle);
+}
+
+bool SimHotKeys::takeKeyboard() {
+  calls_.count("hotKeys.takeKeyboard");
+  keyboardTaken_ = true;
+  return true;
+}
+
+void SimHotKeys::releaseKeyboard() {
+  calls_.count("hotKeys.releaseKeyboard");
+  keyboardTaken_ = false;
+}
+
+void SimHotKeys::holdModifiers(uint32_t modifiers) {
+  if (modifiers == held_) return;
+  held_ = modifiers;
+  KeyMonitorScope scope = keyboardTaken_ ? KeyMonitorScope::Local : KeyMonitorScope::Global;
+  std::vector<FlagsHandler> told;
+  for (const auto& [handle, monitor] : flagsMonitors_) {
+    if (monitor.first == scope) told.push_back(monitor.second);
+  }
+  for (const auto& handler : told)
+    handler(modifiers);
+}
+
 void SimHotKeys::refuse(int keyCode, uint32_t modifiers, bool refused) {
   if (refused) {
     refused_.insert({keyCode, modifiers});
@@ -69,7 +104,8 @@ bool SimHotKeys::press(int keyCode, uint32_t modifiers, bool toSelf) {
     }
     return false;
   }
-  KeyMonitorScope scope = toSelf ? KeyMonitorScope::Local : KeyMonitorScope::Global;
+  KeyMonitorScope scope =
+      toSelf || keyboardTaken_ ? KeyMonitorScope::Local : KeyMonitorScope::Global;
   std::vector<KeyHandler> told;
   for (const auto& [handle, monitor] : monitors_) {
     if (monitor.first == scope) told.push_back(monitor.second);

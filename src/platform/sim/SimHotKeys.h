@@ -31,10 +31,19 @@ class SimHotKeys : public HotKeys {
   void removeHandler(Handle handle) override;
   Handle addKeyDownMonitor(KeyMonitorScope scope, KeyHandler handler) override;
   void removeKeyDownMonitor(Handle handle) override;
+  uint32_t heldModifiers() override { return held_; }
+  Handle addFlagsChangedMonitor(KeyMonitorScope scope, FlagsHandler handler) override;
+  void removeFlagsChangedMonitor(Handle handle) override;
+  bool takeKeyboard() override;
+  void releaseKeyboard() override;
 
   // A key pressed while another application is frontmost (`toSelf` false) or
-  // this one. Answers whether a hot key handler took it.
+  // this one; while this application has taken the keyboard every key comes to
+  // it. Answers whether a hot key handler took it.
   bool press(int keyCode, uint32_t modifiers, bool toSelf = false);
+  // Modifiers go down or come up; the flags monitors hear of a change.
+  void holdModifiers(uint32_t modifiers);
+  bool keyboardTaken() const { return keyboardTaken_; }
   // The system refuses to register this combination until told otherwise.
   void refuse(int keyCode, uint32_t modifiers, bool refused = true);
 
@@ -48,7 +57,10 @@ class SimHotKeys : public HotKeys {
   std::map<Handle, Registration> registered_;
   std::map<Handle, HotKeyHandler> handlers_;
   std::map<Handle, std::pair<KeyMonitorScope, KeyHandler>> monitors_;
+  std::map<Handle, std::pair<KeyMonitorScope, FlagsHandler>> flagsMonitors_;
   std::set<std::pair<int, uint32_t>> refused_;
+  uint32_t held_ = 0;
+  bool keyboardTaken_ = false;
 };
 
 }  // namespace tolv::sim

@@ -94,11 +94,27 @@ void SimRunLoop::postAfter(double delay, std::function<void()> work) {
   schedule(now_ + std::max(0.0, delay), std::move(work));
 }
 
+void SimRunLoop::postFromAnyThread(std::function<void()> work) {
+  std::lock_guard guard(inboxLock_);
+  inbox_.push_back(std::move(work));
+}
+
+void SimRunLoop::takeWorkFromOtherThreads() {
+  std::vector<std::function<void()>> arrived;
+  {
+    std::lock_guard guard(inboxLock_);
+    arrived.swap(inbox_);
+  }
+  for (auto& work : arrived)
+    schedule(now_, std::move(work));
+}
+
 void SimRunLoop::schedule(double time, std::function<void()> work) {
   queue_.push(Entry{std::max(time, now_), nextSequence_++, std::move(work)});
 }
 
 bool SimRunLoop::runNextDue(double limit) {
+  takeWorkFromOtherThreads();
   if (queue_.empty() || queue_.top().time > limit) return false;
   Entry entry = queue_.top();
   queue_.pop();

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <queue>
 #include <vector>
@@ -22,6 +23,8 @@ class SimRunLoop : public RunLoop {
                                        std::function<void()> action) override;
   void post(std::function<void()> work) override;
   void postAfter(double delay, std::function<void()> work) override;
+  // Taken into the queue, at the time the loop has then, on its next turn.
+  void postFromAnyThread(std::function<void()> work) override;
   void spinUntil(double deadline, double step, const std::function<bool()>& done) override;
 
   // Runs everything due up to `now() + seconds`, in time order, then sets the clock there.
@@ -52,10 +55,13 @@ class SimRunLoop : public RunLoop {
   };
 
   bool runNextDue(double limit);
+  void takeWorkFromOtherThreads();
 
   double now_ = 0;
   uint64_t nextSequence_ = 0;
   std::priority_queue<Entry, std::vector<Entry>, Later> queue_;
+  std::mutex inboxLock_;
+  std::vector<std::function<void()>> inbox_;
 };
 
 }  // namespace tolv::sim

@@ -19,6 +19,7 @@
 #include "platform/x11/X11HotKeys.h"
 #include "platform/x11/X11Input.h"
 #include "platform/x11/X11Pointer.h"
+#include "platform/x11/X11ScreenCapture.h"
 #include "platform/x11/X11Screens.h"
 #include "platform/x11/X11Spaces.h"
 #include "platform/x11/X11SystemCommands.h"
@@ -42,6 +43,7 @@ struct X11Platform::Services {
   std::unique_ptr<X11Screens> screens;
   std::unique_ptr<X11Pointer> pointer;
   std::unique_ptr<X11HotKeys> hotKeys;
+  std::unique_ptr<X11ScreenCapture> screenCapture;
   std::unique_ptr<X11Input> input;
   std::unique_ptr<X11SystemCommands> systemCommands;
   std::unique_ptr<qt::QtAlerts> alerts;
@@ -83,7 +85,8 @@ std::unique_ptr<X11Platform> X11Platform::open(const std::string& display, std::
   s.workspace = std::make_unique<X11Workspace>(x, *bundle->clients_, *s.windowActions, s.runLoop);
   s.windowServer = std::make_unique<X11WindowServer>(x, *bundle->clients_);
   s.pointer = std::make_unique<X11Pointer>(x, *s.screens);
-  s.hotKeys = std::make_unique<X11HotKeys>(x);
+  s.hotKeys = std::make_unique<X11HotKeys>(x, s.runLoop);
+  s.screenCapture = std::make_unique<X11ScreenCapture>(x, *bundle->clients_, s.runLoop);
   s.input = std::make_unique<X11Input>(x);
   s.systemCommands = std::make_unique<X11SystemCommands>(x, *bundle->clients_, *s.windowActions);
   s.alerts = std::make_unique<qt::QtAlerts>();
@@ -116,6 +119,7 @@ std::unique_ptr<X11Platform> X11Platform::open(const std::string& display, std::
   p.brightness = s.brightness.get();
   p.systemCommands = s.systemCommands.get();
   p.fileViewer = &s.fileViewer;
+  p.screenCapture = s.screenCapture.get();
 
   // A defaults file that can't be read is noted in the runtime log, which the
   // application gives the platform after it is made; the note is only written,

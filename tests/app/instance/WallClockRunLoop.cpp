@@ -68,7 +68,19 @@ void WallClockRunLoop::postAfter(double delay, std::function<void()> work) {
   schedule(std::make_shared<Entry>(Entry{now() + delay, 0, 0, true, std::move(work)}));
 }
 
+void WallClockRunLoop::postFromAnyThread(std::function<void()> work) {
+  std::lock_guard guard(inboxLock_);
+  inbox_.push_back(std::move(work));
+}
+
 void WallClockRunLoop::runDueWork() {
+  std::vector<std::function<void()>> arrived;
+  {
+    std::lock_guard guard(inboxLock_);
+    arrived.swap(inbox_);
+  }
+  for (auto& work : arrived)
+    postAfter(0, std::move(work));
   double time = now();
   while (!queue_.empty() && queue_.begin()->first <= time) {
     auto entry = queue_.begin()->second;

@@ -2,6 +2,8 @@
 
 #include <map>
 #include <memory>
+#include <mutex>
+#include <vector>
 
 #include "platform/RunLoop.h"
 
@@ -16,6 +18,7 @@ class WallClockRunLoop : public RunLoop {
                                        std::function<void()> action) override;
   void post(std::function<void()> work) override { postAfter(0, std::move(work)); }
   void postAfter(double delay, std::function<void()> work) override;
+  void postFromAnyThread(std::function<void()> work) override;
   void spinUntil(double deadline, double step, const std::function<bool()>& done) override;
 
  private:
@@ -25,6 +28,8 @@ class WallClockRunLoop : public RunLoop {
   void runDueWork();
 
   std::multimap<double, std::shared_ptr<Entry>> queue_;
+  std::mutex inboxLock_;
+  std::vector<std::function<void()>> inbox_;
 };
 
 }  // namespace tolv::testing

@@ -94,9 +94,9 @@ const EventRegistration kChooseMenuItem{
 
 // Keys that hot keys are registered with, by their scenario names.
 const std::map<std::string, int, std::less<>> kKeyCodes{
-    {"return", key_code::Return}, {"tab", key_code::Tab},   {"space", key_code::Space},
-    {"escape", key_code::Escape}, {"left", key_code::Left}, {"right", key_code::Right},
-    {"down", key_code::Down},     {"up", key_code::Up}};
+    {"return", key_code::Return}, {"tab", key_code::Tab},     {"space", key_code::Space},
+    {"escape", key_code::Escape}, {"enter", key_code::Enter}, {"left", key_code::Left},
+    {"right", key_code::Right},   {"down", key_code::Down},   {"up", key_code::Up}};
 
 const std::map<std::string, uint32_t, std::less<>> kModifiers{{"command", key_modifier::Command},
                                                               {"shift", key_modifier::Shift},
@@ -104,7 +104,9 @@ const std::map<std::string, uint32_t, std::less<>> kModifiers{{"command", key_mo
                                                               {"control", key_modifier::Control}};
 
 // A key going down reaches the monitors of key-down events and the hot keys;
-// one coming up reaches neither.
+// one coming up reaches neither. A modifier key ("control", "shift", ...) going
+// down or up changes the modifiers held, which the flags monitors hear of; a
+// "press" of one is both.
 const EventRegistration kKey{
     "key", [](JsonReader& entry, CompileContext&) {
       std::string key = entry.requireString("key");
@@ -126,10 +128,20 @@ const EventRegistration kKey{
       }
       std::optional<int> code;
       if (auto found = kKeyCodes.find(key); found != kKeyCodes.end()) code = found->second;
-      return StepAction([goesDown = phase != "up", code, modifiers](RunContext& run) {
+      std::optional<uint32_t> modifierKey;
+      if (auto found = kModifiers.find(key); found != kModifiers.end()) modifierKey = found->second;
+      const bool goesDown = phase != "up";
+      const bool comesUp = phase != "down";
+      return StepAction([goesDown, comesUp, code, modifiers, modifierKey](RunContext& run) {
+        sim::SimHotKeys& keys = run.desktop->hotKeys();
+        if (modifierKey) {
+          if (goesDown) keys.holdModifiers(keys.heldModifiers() | *modifierKey);
+          if (comesUp) keys.holdModifiers(keys.heldModifiers() & ~*modifierKey);
+          return;
+        }
         if (!goesDown) return;
         run.desktop->pointer().pressKey();
-        if (code) run.desktop->hotKeys().press(*code, modifiers);
+        if (code) keys.press(*code, modifiers);
       });
     }};
 
