@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "platform/Geometry.h"
+#include "startmenu/StartMenuController.h"
 #include "taskbar/TaskbarController.h"
 
 namespace tolv {
@@ -14,17 +15,6 @@ class AppModel;
 // controllers implement these; the delegate stays free of the toolkit. An
 // interface that a lower layer implements is declared there (the bar's in
 // taskbar/TaskbarController.h), so that nothing below reaches up into app/.
-
-// The start menu panel.
-class StartMenuController {
- public:
-  virtual ~StartMenuController() = default;
-  virtual bool isVisible() const = 0;
-  // Opens the menu beside the start button of the bar with this frame.
-  virtual void show(const Rect& taskbarFrame) = 0;
-  // Whether the open menu holds the pointer.
-  virtual bool containsPointer() const = 0;
-};
 
 // The Control-Tab switcher.
 class SwitcherController {

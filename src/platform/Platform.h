@@ -2,6 +2,7 @@
 
 #include "platform/Accessibility.h"
 #include "platform/Alerts.h"
+#include "platform/Applications.h"
 #include "platform/Audio.h"
 #include "platform/Badges.h"
 #include "platform/Brightness.h"
@@ -62,6 +63,8 @@ struct Platform {
   // Restarts: the new instance of this program, and showing the runtime log.
   InstanceLauncher* instanceLauncher = nullptr;
   FileViewer* fileViewer = nullptr;
+  // The installed applications of the start menu; absent, the catalogue is empty.
+  Applications* applications = nullptr;
 };
 
 }  // namespace tolv

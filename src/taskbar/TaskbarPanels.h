@@ -101,6 +101,8 @@ class TaskbarPanels {
                                             const Screen& screen, const Rect& frame,
                                             bool isLeftCorner);
   void layOut(TaskbarPanel& panel);
+  // The start button's picture, letter and lock, as the settings choose them.
+  void decorateStartButton(StartButtonDrawing& button);
   void trackPointer(Point location);
   void noticeSettings();
   void postRebuild();

@@ -1,7 +1,13 @@
 #include "app/view/PanelScenarioViews.h"
 
+#include <QImage>
+#include <QSaveFile>
+
+#include "model/AppModel.h"
 #include "platform/qt/QtTextMeasurer.h"
+#include "startmenu/view/StartMenuPanelController.h"
 #include "taskbar/FixedTextMeasurer.h"
+#include "taskbar/PanelDescription.h"
 #include "taskbar/TaskMenus.h"
 #include "taskbar/view/TaskbarPanelController.h"
 
@@ -18,6 +24,11 @@ ControllerFactories PanelScenarioViews::controllerFactories(scenario::TextMeasur
   }
   ControllerFactories factories;
   TextMeasurer& measurer = *measurer_;
+  factories.makeStartMenu = [this](AppModel& model) {
+    auto controller = std::make_unique<StartMenuPanelController>(model);
+    startMenu_ = controller.get();
+    return controller;
+  };
   factories.makeTaskbar = [this, &measurer](AppModel& model, AutoHideHooks hooks) {
     auto controller = std::make_unique<TaskbarPanelController>(model, measurer, std::move(hooks));
     taskbar_ = controller.get();
@@ -28,7 +39,10 @@ ControllerFactories PanelScenarioViews::controllerFactories(scenario::TextMeasur
 
 std::optional<nlohmann::json> PanelScenarioViews::describePanels() const {
   if (!taskbar_) return std::nullopt;
-  return taskbar_->describePanels();
+  nlohmann::json panels = taskbar_->describePanels();
+  // The start menu is listed from its first opening on.
+  if (startMenu_ && startMenu_->wasShown()) panels.push_back(startMenu_->describePanel());
+  return panels;
 }
 
 std::optional<nlohmann::json> PanelScenarioViews::describeRows() const {
@@ -43,12 +57,18 @@ const TaskRowLayout* PanelScenarioViews::mainLayout() const {
 bool PanelScenarioViews::click(Point designPoint, bool rightButton) {
   if (!taskbar_) return false;
   MouseButton button = rightButton ? MouseButton::Right : MouseButton::Left;
-  return taskbar_->clickTray(designPoint, button) ||
+  if (startMenu_ && startMenu_->press(designPoint, button)) return false;
+  return taskbar_->clickStartButton(designPoint, button) ||
+         taskbar_->clickTray(designPoint, button) ||
          taskbar_->click(designPoint, button).has_value();
 }
 
 bool PanelScenarioViews::scroll(Point designPoint, double deltaY, bool precise) {
   return taskbar_ && taskbar_->scroll(designPoint, deltaY, precise);
+}
+
+void PanelScenarioViews::typeKey(const std::string& key) {
+  if (startMenu_) startMenu_->typeKey(key);
 }
 
 std::optional<nlohmann::json> PanelScenarioViews::describeTray() const {
@@ -72,7 +92,25 @@ bool PanelScenarioViews::chooseMenuItem(const std::string& title) {
 std::vector<std::string> PanelScenarioViews::saveSnapshots(const std::string& directory,
                                                            const std::string& checkpoint) const {
   if (!taskbar_) return {};
-  return taskbar_->saveSnapshots(directory, checkpoint);
+  std::vector<std::string> written = taskbar_->saveSnapshots(directory, checkpoint);
+  if (!startMenu_ || !startMenu_->isVisible()) return written;
+  // The open menu over the picture of its screen's bar.
+  size_t screen = startMenu_->screenIndex();
+  std::string barPicture =
+      directory + "/" + snapshotFileName(checkpoint, panelKindName(PanelKind::Taskbar), screen);
+  QImage picture(QString::fromStdString(barPicture));
+  if (picture.isNull()) return written;
+  const auto& panels = taskbar_->panels().panels();
+  for (const auto& panel : panels) {
+    if (panel->screenIndex != screen) continue;
+    startMenu_->paintOnto(picture, panel->screen.frame);
+    std::string path = directory + "/" + snapshotFileName(checkpoint, "startMenu", screen);
+    QSaveFile file(QString::fromStdString(path));
+    if (file.open(QIODevice::WriteOnly) && picture.save(&file, "PNG") && file.commit()) {
+      written.push_back(path);
+    }
+  }
+  return written;
 }
 
 }  // namespace tolv

@@ -6,6 +6,7 @@
 
 namespace tolv {
 
+class StartMenuPanelController;
 class TaskbarPanelController;
 class TextMeasurer;
 
@@ -23,6 +24,7 @@ class PanelScenarioViews : public scenario::ScenarioViews {
   bool click(Point designPoint, bool rightButton) override;
   void drag(const std::vector<Point>& path, bool rightButton) override;
   bool scroll(Point designPoint, double deltaY, bool precise) override;
+  void typeKey(const std::string& key) override;
   std::optional<nlohmann::json> describeTray() const override;
   std::optional<nlohmann::json> openMenu() const override;
   bool chooseMenuItem(const std::string& title) override;
@@ -33,6 +35,7 @@ class PanelScenarioViews : public scenario::ScenarioViews {
   std::unique_ptr<TextMeasurer> measurer_;
   // Owned by the delegate, which the run ends before these views.
   TaskbarPanelController* taskbar_ = nullptr;
+  StartMenuPanelController* startMenu_ = nullptr;
 };
 
 }  // namespace tolv

@@ -141,6 +141,7 @@ class SimBrightness;
 class SimSystemCommands;
 class SimInstanceLauncher;
 class SimFileViewer;
+class SimApplications;
 
 // A macOS-like desktop in memory: applications, windows, their accessibility
 // elements and the window server's view of them, user defaults and a virtual
@@ -179,6 +180,7 @@ class SimDesktop {
   SimSystemCommands& systemCommands() { return *systemCommands_; }
   SimInstanceLauncher& instanceLauncher() { return *instanceLauncher_; }
   SimFileViewer& fileViewer() { return *fileViewer_; }
+  SimApplications& applications() { return *applications_; }
   // The application's runtime log, handed on in platform().
   void setRuntimeIssueLog(RuntimeIssueLog* log) { runtimeIssueLog_ = log; }
   NotificationCenter& notificationCenter() { return notificationCenter_; }
@@ -347,6 +349,7 @@ class SimDesktop {
   std::unique_ptr<SimSystemCommands> systemCommands_;
   std::unique_ptr<SimInstanceLauncher> instanceLauncher_;
   std::unique_ptr<SimFileViewer> fileViewer_;
+  std::unique_ptr<SimApplications> applications_;
   RuntimeIssueLog* runtimeIssueLog_ = nullptr;
   std::unique_ptr<FileSystem> fileSystem_;
   NotificationCenter notificationCenter_;

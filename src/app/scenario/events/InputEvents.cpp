@@ -126,10 +126,14 @@ const EventRegistration kKey{
       }
       std::optional<int> code;
       if (auto found = kKeyCodes.find(key); found != kKeyCodes.end()) code = found->second;
-      return StepAction([goesDown = phase != "up", code, modifiers](RunContext& run) {
+      return StepAction([goesDown = phase != "up", code, modifiers, key](RunContext& run) {
         if (!goesDown) return;
         run.desktop->pointer().pressKey();
-        if (code) run.desktop->hotKeys().press(*code, modifiers);
+        bool taken = code && run.desktop->hotKeys().press(*code, modifiers);
+        // What no hot key took goes on to the focused field, unless a command
+        // modifier makes it a shortcut.
+        bool typed = (modifiers & ~key_modifier::Shift) == 0;
+        if (!taken && typed && run.views) run.views->typeKey(key);
       });
     }};
 
