@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "model/RecordsJson.h"
+#include "platform/sim/SimAlerts.h"
 #include "platform/sim/SimApplications.h"
 #include "support/SimModel.h"
 #include "taskbar/TaskActions.h"
@@ -61,7 +62,9 @@ TEST_F(StartMenuModelTest, ATabsApplicationBecomesAFavouriteOnceAndSurvivesARest
   startOn({app(501, "Safari", {window("Apple")}, "com.apple.Safari")});
   model().settings.startFavorites.clear();
   RunningAppItem tab = model().runningApps.get().front();
-  MenuAction add{.command = MenuCommand::AddStartFavorite, .subject = tab.id};
+  MenuAction add;
+  add.command = MenuCommand::AddStartFavorite;
+  add.subject = tab.id;
   ASSERT_TRUE(menuActionAvailable(model(), add));
   EXPECT_TRUE(performMenuAction(model(), add));
   EXPECT_TRUE(performMenuAction(model(), add));  // the same application again
@@ -138,12 +141,17 @@ TEST_F(StartMenuModelTest, AWindowFavouriteWhoseTaskIsGoneLaunchesItsApplication
                              .bundleIdentifier = "com.apple.Notes"});
   EXPECT_EQ(actionKinds(), std::vector<std::string>{"launch"});
   EXPECT_TRUE(model().runningApps.get().empty());
-  desktop.runLoop().advance(3.0);
+  desktop.runLoop().advance(1.0);
+  model().refreshRunningApps({.publish = true});
   ASSERT_EQ(model().runningApps.get().size(), 1u);
   EXPECT_EQ(model().runningApps.get().front().name, "Notes");
   // An application favourite without an identifier opens nothing.
   size_t before = desktop.actionLog().size();
-  model().openStartFavorite({.id = "app:Tool", .name = "Tool", .kind = "app", .value = "Tool"});
+  model().openStartFavorite({.id = "app:Tool",
+                             .name = "Tool",
+                             .kind = "app",
+                             .value = "Tool",
+                             .bundleIdentifier = std::nullopt});
   desktop.runLoop().advance(1.0);
   EXPECT_EQ(desktop.actionLog().size(), before);
 }
