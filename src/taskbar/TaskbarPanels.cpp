@@ -257,7 +257,9 @@ void TaskbarPanels::decorateStartButton(StartButtonDrawing& button) {
   button.locked = settings.lockApplicationsContainerToTaskbar;
   button.glyph = kDefaultStartGlyph;
   if (choice == "App Icon" || choice == "Custom Image") {
-    button.icon = model_.ownApplicationIcon();
+    // Read once: the picture doesn't change while the program runs.
+    if (!startIcon_) startIcon_ = model_.ownApplicationIcon();
+    button.icon = *startIcon_;
   } else if (choice == "Custom") {
     std::string first = firstGrapheme(settings.customStartIcon);
     if (!first.empty()) button.glyph = first;

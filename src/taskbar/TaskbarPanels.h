@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -117,6 +118,7 @@ class TaskbarPanels {
   std::vector<std::unique_ptr<TriggerPanel>> cornerTriggers_;
   std::string location_;
   std::string mediaSliderDisplay_;
+  std::optional<Image> startIcon_;
   uint64_t nextSerial_ = 1;
   bool refreshing_ = false;
   bool rebuildPosted_ = false;

@@ -32,7 +32,6 @@ StartMenuPanelController::StartMenuPanelController(AppModel& model)
         press({frame_.x + local.x(), frame_.maxY() - local.y()}, button);
       },
       [this](const std::string& key) { typeKey(key); });
-  place();
   std::weak_ptr<bool> alive = alive_;
   modelChanged_ = model_.startMenuChanged.subscribe([this, alive] {
     if (!alive.expired() && visible_) view_->update();
