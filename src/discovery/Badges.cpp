@@ -96,12 +96,12 @@ bool AppModel::scanBadgesIfDue(bool forceBadgeScan) {
     if (now - *discovery.lastBadgeScan < interval) return false;
   }
   discovery.lastBadgeScan = now;
-  auto found = scanDockBadges(*badges);
-  if (found == discovery.cachedDockBadgedApps) return false;
-  discovery.cachedDockBadgedApps = std::move(found);
+  discovery.cachedDockBadgedApps = scanDockBadges(*badges);
   discovery.cachedBadgedApps.clear();
   for (const auto& info : discovery.cachedDockBadgedApps)
     discovery.cachedBadgedApps.insert(info.name);
+  // A scan keeps the refresh going even when nothing changed, so that the
+  // flags reach the items and the attention list is made anew.
   return true;
 }
 

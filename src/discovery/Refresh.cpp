@@ -90,10 +90,10 @@ void AppModel::refreshRunningApps(RefreshRequest request) {
   // The desktop's list is not overwritten by what a full-screen space shows.
   if (isOffDesktopWorkspace()) return;
 
-  const bool badgesChanged = scanBadgesIfDue(request.forceBadgeScan);
+  const bool badgesScanned = scanBadgesIfDue(request.forceBadgeScan);
   // A quiet tick: one look at two sets, no platform call.
   if (request.onlyIfDirty && discovery.dirtyApplicationPIDs.empty() &&
-      discovery.fallbackAXPollingPIDs.empty() && !badgesChanged && accessibilityTrusted.get()) {
+      discovery.fallbackAXPollingPIDs.empty() && !badgesScanned && accessibilityTrusted.get()) {
     return;
   }
 
@@ -127,7 +127,8 @@ void AppModel::refreshRunningApps(RefreshRequest request) {
   syncAXObservers(apps);
 
   std::optional<std::vector<AttentionAppItem>> attention;
-  if (attentionListWanted()) attention.emplace();
+  // The attention list is made anew only with a fresh badge scan; otherwise it stays.
+  if (badgesScanned && attentionListWanted()) attention.emplace();
   std::vector<RunningAppItem> scanned;
   if (accessibilityTrusted.get()) {
     for (const auto& app : apps) {

@@ -108,10 +108,10 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   // Puts the last complete desktop list back when a space change broke off a
   // desktop scan cycle.
   void restoreLastGoodDesktopList();
-  // Reads the badge tree when badges are due or forced; whether the badged
-  // items differ from the last scan's, which keeps a quiet refresh going so
-  // that the tasks' badge flags follow. While badges aren't wanted the caches
-  // and the attention list are emptied.
+  // Reads the badge tree when badges are due or forced; whether it did, which
+  // keeps a quiet refresh going so that the tasks' badge flags follow and the
+  // attention list is made anew. While badges aren't wanted the caches and the
+  // attention list are emptied.
   bool scanBadgesIfDue(bool forceBadgeScan);
   // Every refresh that scans makes a new attention list from the cached badges.
   bool attentionListWanted() const;

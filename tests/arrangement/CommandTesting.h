@@ -13,6 +13,18 @@ namespace tolv::testing {
 // "AXRaise Two", "AXMinimized=true Two", "AXFrontmost=true 1", "keys".
 class CommandTest : public ArrangementTest {
  protected:
+  // The running program rescans every application when any becomes active, so
+  // that the one that lost the focus does not keep its cached active window.
+  CommandTest() {
+    activationObserver_ = desktop.platform().workspace->notificationCenter().addObserver(
+        workspace_notification::DidActivateApplication, [this](const Notification&) {
+          desktop.runLoop().post([this] { model().refreshRunningApps({.allowCacheSkip = true}); });
+        });
+  }
+  ~CommandTest() override {
+    desktop.platform().workspace->notificationCenter().removeObserver(activationObserver_);
+  }
+
   RunningAppItem shown(const std::string& name) {
     const auto& items = model().runningApps.get();
     auto found = std::find_if(items.begin(), items.end(),
@@ -47,6 +59,7 @@ class CommandTest : public ArrangementTest {
   void settle() { desktop.runLoop().advance(3.0); }
 
  private:
+  NotificationCenter::Token activationObserver_{};
   static std::string subject(const nlohmann::json& entry) {
     if (entry.contains("window")) return entry["window"].get<std::string>();
     if (entry.contains("pid")) return std::to_string(entry["pid"].get<int>());

@@ -17,8 +17,6 @@ constexpr const char* kInterface = "com.canonical.Unity.LauncherEntry";
 constexpr const char* kUriScheme = "application://";
 constexpr const char* kDesktopSuffix = ".desktop";
 constexpr int64_t kLargestShownCount = 9999;
-// The ICCCM urgency hint: bit 8 of WM_HINTS' flags.
-constexpr uint32_t kUrgencyHint = 1u << 8;
 constexpr const char* kAttentionLabel = "!";
 
 // One item of the tree, with the values it answers.
@@ -120,12 +118,6 @@ void LauncherBadges::apply(const LauncherEntryUpdate& update) {
   if (!badgeLabel(state)) states_.erase(update.desktopId);
 }
 
-bool LauncherBadges::wantsAttention(xcb_window_t window) {
-  if (connection_.hasAtom(window, "_NET_WM_STATE", "_NET_WM_STATE_DEMANDS_ATTENTION")) return true;
-  auto hints = connection_.cardinals(window, "WM_HINTS");
-  return hints && !hints->empty() && ((*hints)[0] & kUrgencyHint) != 0;
-}
-
 std::optional<std::string> LauncherBadges::nameOfWindowApplication(xcb_window_t window) {
   auto windowClass = connection_.windowClass(window);
   if (!windowClass) return std::nullopt;
@@ -147,7 +139,7 @@ std::optional<AXElement> LauncherBadges::badgeTreeRoot() {
         {title, std::string(badge_attribute::ApplicationItem), badgeLabel(state), {}});
   }
   for (xcb_window_t window : clients_.windows()) {
-    if (!clients_.isTaskWindow(window) || !wantsAttention(window)) continue;
+    if (!clients_.isTaskWindow(window) || !clients_.wantsAttention(window)) continue;
     auto title = nameOfWindowApplication(window);
     if (!title || !titles.insert(*title).second) continue;
     root->children.push_back(

@@ -60,7 +60,6 @@ class LauncherBadges : public QObject, public Badges {
 
  private:
   std::optional<std::string> nameOfWindowApplication(xcb_window_t window);
-  bool wantsAttention(xcb_window_t window);
 
   X11Connection& connection_;
   X11Clients& clients_;

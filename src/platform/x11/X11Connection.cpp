@@ -78,14 +78,36 @@ xcb_atom_t X11Connection::atom(const std::string& name) {
   return value;
 }
 
+namespace {
+
+std::optional<std::vector<uint32_t>> cardinalsOf(const xcb_get_property_reply_t* reply) {
+  if (!reply || reply->type == XCB_ATOM_NONE || reply->format != 32) return std::nullopt;
+  const auto* items = static_cast<const uint32_t*>(xcb_get_property_value(reply));
+  return std::vector<uint32_t>(items, items + xcb_get_property_value_length(reply) / 4);
+}
+
+}  // namespace
+
 std::optional<std::vector<uint32_t>> X11Connection::cardinals(xcb_window_t window,
                                                               const std::string& property) {
-  auto cookie = xcb_get_property(connection_, 0, window, atom(property), XCB_GET_PROPERTY_TYPE_ANY,
-                                 0, 1 << 20);
-  Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(connection_, cookie, nullptr));
-  if (!reply || reply->type == XCB_ATOM_NONE || reply->format != 32) return std::nullopt;
-  const auto* items = static_cast<const uint32_t*>(xcb_get_property_value(reply.get()));
-  return std::vector<uint32_t>(items, items + xcb_get_property_value_length(reply.get()) / 4);
+  return std::move(cardinalsOfEach({{window, property.c_str()}}).front());
+}
+
+std::vector<std::optional<std::vector<uint32_t>>> X11Connection::cardinalsOfEach(
+    const std::vector<PropertyRequest>& requests) {
+  std::vector<xcb_get_property_cookie_t> cookies;
+  cookies.reserve(requests.size());
+  for (const auto& request : requests) {
+    cookies.push_back(xcb_get_property(connection_, 0, request.window, atom(request.property),
+                                       XCB_GET_PROPERTY_TYPE_ANY, 0, 1 << 20));
+  }
+  std::vector<std::optional<std::vector<uint32_t>>> answers;
+  answers.reserve(requests.size());
+  for (auto cookie : cookies) {
+    Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(connection_, cookie, nullptr));
+    answers.push_back(cardinalsOf(reply.get()));
+  }
+  return answers;
 }
 
 std::optional<std::string> X11Connection::text(xcb_window_t window, const std::string& property) {

@@ -43,6 +43,15 @@ class X11Connection {
 
   // A property's 32-bit items (CARDINAL, WINDOW, ATOM lists); nothing when absent.
   std::optional<std::vector<uint32_t>> cardinals(xcb_window_t window, const std::string& property);
+  // The same for several windows and properties at once, in the order asked:
+  // every request goes out before the first answer is awaited, so the whole
+  // batch costs one wait for the server instead of one per property.
+  struct PropertyRequest {
+    xcb_window_t window = XCB_WINDOW_NONE;
+    const char* property = nullptr;
+  };
+  std::vector<std::optional<std::vector<uint32_t>>> cardinalsOfEach(
+      const std::vector<PropertyRequest>& requests);
   // A text property (UTF8_STRING, STRING in Latin-1, COMPOUND_TEXT) as valid
   // UTF-8; nothing when absent.
   std::optional<std::string> text(xcb_window_t window, const std::string& property);

@@ -41,7 +41,7 @@ void X11WindowActions::restore(xcb_window_t window) {
 }
 
 bool X11WindowActions::isMinimized(xcb_window_t window) {
-  return connection_.hasAtom(window, "_NET_WM_STATE", "_NET_WM_STATE_HIDDEN");
+  return clients_.hasState(window, "_NET_WM_STATE_HIDDEN");
 }
 
 bool X11WindowActions::canClose(xcb_window_t window) {

@@ -15,7 +15,7 @@ std::optional<std::vector<WindowServerEntry>> X11WindowServer::copyWindowList(ui
   for (auto it = stacking->rbegin(); it != stacking->rend(); ++it) {
     const xcb_window_t window = *it;
     if ((options & window_list_option::OnScreenOnly) &&
-        (connection_.hasAtom(window, "_NET_WM_STATE", "_NET_WM_STATE_HIDDEN") ||
+        (clients_.hasState(window, "_NET_WM_STATE_HIDDEN") ||
          !clients_.isOnCurrentDesktop(window))) {
       continue;
     }

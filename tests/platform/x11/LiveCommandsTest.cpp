@@ -52,6 +52,12 @@ class LiveCommands : public LiveDesktopTest {
     return state && !state->empty() && (*state)[0] == kIconicState &&
            desktop->connection().hasAtom(window, "_NET_WM_STATE", "_NET_WM_STATE_HIDDEN");
   }
+  // The window manager shows the window minimised or not, and the backend,
+  // which learns it from the property change, has caught up.
+  bool settledIconic(xcb_window_t window, bool minimised) {
+    return iconic(window) == minimised &&
+           desktop->clients().hasState(window, "_NET_WM_STATE_HIDDEN") == minimised;
+  }
 
   // Two xterms, Beta opened last and active, both listed as tasks.
   void openTwoTerminals() {
@@ -81,7 +87,7 @@ TEST_F(LiveCommands, MinimisingIconifiesTheWindowAndActivatingRestoresIt) {
   openTwoTerminals();
   const xcb_window_t window = windowTitled("Tolv Beta");
   model->minimizeTask(*task("Tolv Beta"));
-  ASSERT_TRUE(waitUntil([&] { return iconic(window); }));
+  ASSERT_TRUE(waitUntil([&] { return settledIconic(window, true); }));
   EXPECT_NE(activeWindow(), window);
 
   model->activateTask(*task("Tolv Beta"), false);
@@ -102,11 +108,11 @@ TEST_F(LiveCommands, HidingAnApplicationMinimisesItsWindowsAndUnhidingRestoresTh
   Workspace& workspace = *desktop->platform().workspace;
   const xcb_window_t window = windowTitled("Tolv Alpha");
   ASSERT_TRUE(workspace.hide(alpha));
-  ASSERT_TRUE(waitUntil([&] { return iconic(window); }));
+  ASSERT_TRUE(waitUntil([&] { return settledIconic(window, true); }));
   EXPECT_TRUE(workspace.runningApplication(alpha)->isHidden);
 
   ASSERT_TRUE(workspace.unhide(alpha));
-  ASSERT_TRUE(waitUntil([&] { return !iconic(window); }));
+  ASSERT_TRUE(waitUntil([&] { return settledIconic(window, false); }));
   EXPECT_FALSE(workspace.runningApplication(alpha)->isHidden);
   EXPECT_FALSE(workspace.hide(0));
 }

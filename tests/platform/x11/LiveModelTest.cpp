@@ -92,5 +92,32 @@ TEST_F(LiveModel, AClosedWindowLeavesTheList) {
   EXPECT_TRUE(task("Tolv Alpha").has_value());
 }
 
+// What the backend knows of a window's state it learns from the window's
+// property changes, not from reading it at each scan: a window that asks the
+// taskbar to skip it after it appeared must still leave, and come back.
+TEST_F(LiveModel, AWindowThatStartsOrStopsSkippingTheTaskbarLeavesOrRejoinsTheList) {
+  Pid alpha = spawn({"xterm", "-T", "Tolv Alpha"});
+  spawn({"xterm", "-T", "Tolv Beta"});
+  startModel();
+  ASSERT_TRUE(waitUntil([&] { return task("Tolv Alpha") && task("Tolv Beta"); }));
+  auto windows = desktop->clients().taskWindowsOf(alpha);
+  ASSERT_EQ(windows.size(), 1u);
+  X11Connection& connection = desktop->connection();
+  auto setSkipTaskbar = [&](uint32_t action) {
+    connection.sendRootMessage(windows.front(), "_NET_WM_STATE",
+                               {action, connection.atom("_NET_WM_STATE_SKIP_TASKBAR"), 0, 1});
+  };
+
+  spawn({"xterm", "-T", "Tolv Gamma"});
+  ASSERT_TRUE(waitUntil([&] { return task("Tolv Gamma").has_value(); }))
+      << ::testing::PrintToString(titles());
+  setSkipTaskbar(1);  // add
+  ASSERT_TRUE(waitUntil([&] { return !task("Tolv Alpha"); })) << ::testing::PrintToString(titles());
+  EXPECT_TRUE(task("Tolv Beta").has_value());
+  setSkipTaskbar(0);  // remove
+  EXPECT_TRUE(waitUntil([&] { return task("Tolv Alpha").has_value(); }))
+      << ::testing::PrintToString(titles());
+}
+
 }  // namespace
 }  // namespace tolv::x11::testing
