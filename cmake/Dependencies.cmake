@@ -39,7 +39,7 @@ endif()
 
 # The live X11 desktop: xcb with its helper libraries, Xlib for the decoding of
 # compound text, libplist for the defaults store, and GIO for default
-# applications and launching. Only the toolkit build needs them.
+# applications, the desktop entries of the start menu and launching. Only the toolkit build needs them.
 if(NOT TOLV_CORE_ONLY)
   find_package(PkgConfig QUIET)
   if(NOT PkgConfig_FOUND)
@@ -51,7 +51,7 @@ if(NOT TOLV_CORE_ONLY)
       "xcb-xtest;libxcb-xtest0-dev" "xcb-xinput;libxcb-xinput-dev" "xcb-composite;libxcb-composite0-dev"
       "x11;libx11-dev"
       "libplist-2.0;libplist-dev" "libpulse;libpulse-dev" "libpulse-mainloop-glib;libpulse-dev"
-      "gio-2.0;libglib2.0-dev")
+      "gio-2.0;libglib2.0-dev" "gio-unix-2.0;libglib2.0-dev")
     list(GET entry 0 module)
     list(GET entry 1 package)
     string(TOUPPER "${module}" variable)

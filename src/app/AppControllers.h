@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "platform/Geometry.h"
+#include "startmenu/StartMenuController.h"
 #include "switcher/SwitcherController.h"
 #include "taskbar/TaskbarController.h"
 
@@ -14,19 +15,9 @@ class AppModel;
 // What the application delegate asks of the windows it owns. The toolkit's
 // controllers implement these; the delegate stays free of the toolkit. An
 // interface that a lower layer implements is declared there (the bar's in
-// taskbar/TaskbarController.h, the switcher's in switcher/SwitcherController.h), so that nothing
-// below reaches up into app/.
-
-// The start menu panel.
-class StartMenuController {
- public:
-  virtual ~StartMenuController() = default;
-  virtual bool isVisible() const = 0;
-  // Opens the menu beside the start button of the bar with this frame.
-  virtual void show(const Rect& taskbarFrame) = 0;
-  // Whether the open menu holds the pointer.
-  virtual bool containsPointer() const = 0;
-};
+// taskbar/TaskbarController.h, the switcher's in switcher/SwitcherController.h,
+// the start menu's in startmenu/StartMenuController.h), so that nothing below
+// reaches up into app/.
 
 // The settings window.
 class SettingsController {

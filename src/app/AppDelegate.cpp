@@ -111,6 +111,9 @@ AutoHideHooks AppDelegate::taskbarHooks() {
   hooks.onStartHover = [this, alive](const Rect& frame) {
     if (!alive.expired()) openStartMenu(frame);
   };
+  hooks.setStartMenuOpacity = [this, alive](double alpha) {
+    if (!alive.expired() && startMenu_) startMenu_->setOpacity(alpha);
+  };
   hooks.startMenuContainsMouse = [this, alive] {
     return !alive.expired() && startMenu_ && startMenu_->containsPointer();
   };

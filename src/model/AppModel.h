@@ -21,6 +21,8 @@
 #include "model/Records.h"
 #include "model/Settings.h"
 #include "platform/Platform.h"
+#include "startmenu/StartMenuRows.h"
+#include "startmenu/StartMenuState.h"
 #include "taskbar/GroupPopupState.h"
 #include "taskbar/TaskDrag.h"
 #include "taskbar/TrayState.h"
@@ -618,6 +620,59 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   AlertResult presentAlert(const Alert& alert, bool centred, double fraction);
   // Writes an internal fault to the application's runtime log.
   void recordRuntimeIssue(const RuntimeIssue& issue);
+
+  // ---- Start menu: favourites, search and lists (startmenu/) ---------------------------
+  StartMenuState startMenu;
+  // Told when the menu's state changed, so that its panel redraws.
+  Signal<> startMenuChanged;
+  // The panel opened or closed; set by the panel's controller.
+  void setStartMenuVisible(bool visible);
+  // The installed applications in the menu's order, built on the first call.
+  const std::vector<SearchableApplication>& searchableApplications();
+  // The applications matching the search text, at most 30.
+  std::vector<SearchableApplication> applicationSearchResults();
+  StartMenuListKind shownStartMenuList() const;
+  // The rows of the shown list, in order.
+  StartMenuList startMenuList();
+  // A click on a row: opens or activates what it stands for.
+  void activateStartMenuRow(const StartMenuRow& row);
+  void setApplicationSearch(std::string text);
+  // A key typed into the search box: characters, "space", "backspace".
+  void typeIntoApplicationSearch(std::string_view key);
+  // Choosing "Running" reads the running applications again first.
+  void selectStartMenuList(const std::string& list);
+  void loadRunningApplications();
+  // Asks first, then sends the application's process the request to quit.
+  void confirmQuitApplication(const StartMenuRunningApplication& application);
+  // Requests the icon of every catalogue application once per process.
+  void primeStartMenuIconCache();
+
+  // Favourites: each change is stored at once.
+  void addStartFavorite(const StartFavorite& favorite);
+  // The favourite of a tab's application: keyed by the bundle identifier of its
+  // first window that has one, else by its name; custom groups add nothing.
+  void addApplicationToStartFavorites(const RunningAppGroup& group);
+  void removeStartFavorite(const std::string& id);
+  // Puts the dragged favourite where the target stood.
+  void moveStartFavorite(const std::string& draggedID, const std::string& targetID);
+  void saveStartFavorites();
+  // Activates a window favourite's task or launches the application.
+  void openStartFavorite(const StartFavorite& favorite);
+  // Opens the application at `location` and, a moment later, brings forward
+  // the running application with its identifier, so that a running one comes
+  // forward with all its windows.
+  void openApplication(const std::string& location,
+                       const std::optional<std::string>& bundleIdentifier);
+  // Nothing happens when no application has the identifier.
+  void openApplicationByBundleIdentifier(const std::string& identifier);
+  // The trimmed query in the system's search of files and folders.
+  void searchFiles(const std::string& query);
+  // Return in the search box: the file search where the platform has one,
+  // else the first application found.
+  void submitApplicationSearch();
+  // The row "Search Files & Folders" stands above the box while there is text
+  // and the platform has a search of files.
+  bool showsSearchFilesRow() const;
 
   // ---- Start menu: application icons (startmenu/) -------------------------------------
   // Icons by image cache key ("bundle:", "path:", "running:", ...), every one 64

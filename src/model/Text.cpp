@@ -1,5 +1,6 @@
 #include "model/Text.h"
 
+#include <unicode/brkiter.h>
 #include <unicode/coll.h>
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
@@ -60,6 +61,46 @@ int localizedCaseInsensitiveCompare(std::string_view a, std::string_view b) {
   UErrorCode status = U_ZERO_ERROR;
   return collator->compareUTF8(icu::StringPiece(a.data(), a.size()),
                                icu::StringPiece(b.data(), b.size()), status);
+}
+
+std::string foldedForSearch(std::string_view text) {
+  std::string folded;
+  unicode(text).foldCase(U_FOLD_CASE_DEFAULT).toUTF8String(folded);
+  return folded;
+}
+
+std::string firstGrapheme(std::string_view text) {
+  if (text.empty()) return {};
+  icu::UnicodeString string = unicode(text);
+  UErrorCode status = U_ZERO_ERROR;
+  std::unique_ptr<icu::BreakIterator> breaks(
+      icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
+  int32_t end = string.moveIndex32(0, 1);
+  if (U_SUCCESS(status)) {
+    breaks->setText(string);
+    end = breaks->following(0);
+  }
+  std::string result;
+  string.tempSubString(0, end).toUTF8String(result);
+  return result;
+}
+
+std::string withoutLastGrapheme(std::string_view text) {
+  if (text.empty()) return {};
+  icu::UnicodeString string = unicode(text);
+  UErrorCode status = U_ZERO_ERROR;
+  std::unique_ptr<icu::BreakIterator> breaks(
+      icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
+  icu::UnicodeString kept;
+  if (U_FAILURE(status)) {
+    kept = string.tempSubString(0, string.moveIndex32(string.length(), -1));
+  } else {
+    breaks->setText(string);
+    kept = string.tempSubString(0, breaks->preceding(string.length()));
+  }
+  std::string result;
+  kept.toUTF8String(result);
+  return result;
 }
 
 }  // namespace tolv

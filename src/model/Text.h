@@ -18,4 +18,15 @@ bool equalsIgnoringCase(std::string_view a, std::string_view b);
 // positive as a stands before, with or after b.
 int localizedCaseInsensitiveCompare(std::string_view a, std::string_view b);
 
+// The text under Unicode case folding, for case-insensitive containment: a
+// folded text contains a folded query when the originals match ignoring case.
+// Ill-formed UTF-8 reads as U+FFFD.
+std::string foldedForSearch(std::string_view text);
+
+// The first grapheme cluster of the text; empty for an empty text.
+std::string firstGrapheme(std::string_view text);
+
+// The text without its last grapheme cluster (what one backspace removes).
+std::string withoutLastGrapheme(std::string_view text);
+
 }  // namespace tolv

@@ -2,6 +2,7 @@
 
 #include "platform/Accessibility.h"
 #include "platform/Alerts.h"
+#include "platform/Applications.h"
 #include "platform/Audio.h"
 #include "platform/Badges.h"
 #include "platform/Brightness.h"
@@ -65,6 +66,8 @@ struct Platform {
   FileViewer* fileViewer = nullptr;
   // Still images of windows for the switcher; absent, nothing is captured.
   ScreenCapture* screenCapture = nullptr;
+  // The installed applications of the start menu; absent, the catalogue is empty.
+  Applications* applications = nullptr;
 };
 
 }  // namespace tolv

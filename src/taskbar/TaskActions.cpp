@@ -207,6 +207,24 @@ bool pickColor(AppModel& model, const MenuAction& action) {
   return true;
 }
 
+// The favourite of the application of a tab or a group: a single tab stands
+// for its application as a group of that one window would.
+bool addApplicationFavorite(AppModel& model, const std::string& subject) {
+  if (isGroupID(subject)) {
+    auto group = findGroup(model, subject);
+    if (!group) return false;
+    model.addApplicationToStartFavorites(*group);
+    return true;
+  }
+  auto task = findTask(model, subject);
+  if (!task || task->id == kSettingsTabID) return false;
+  RunningAppGroup group;
+  group.appName = task->appName;
+  group.windows = {*task};
+  model.addApplicationToStartFavorites(group);
+  return true;
+}
+
 }  // namespace
 
 bool lastMoveUnlocks(std::string_view location) {
@@ -385,9 +403,10 @@ bool performMenuAction(AppModel& model, const MenuAction& action) {
     case MenuCommand::ConfirmQuitAllApplications:
       model.confirmQuitAllApplications();
       return true;
+    case MenuCommand::AddStartFavorite:
+      return addApplicationFavorite(model, action.subject);
     // The panel controller opens its own panel; these wait for what they open.
     case MenuCommand::OpenWorkspacePanel:
-    case MenuCommand::AddStartFavorite:
     case MenuCommand::OpenColorSettings:
       return false;
   }
@@ -396,8 +415,6 @@ bool performMenuAction(AppModel& model, const MenuAction& action) {
 
 bool menuActionAvailable(const AppModel& model, const MenuAction& action) {
   switch (action.command) {
-    // Favourites belong to the start menu, which isn't built yet.
-    case MenuCommand::AddStartFavorite:
     // The window of all colours isn't built yet; the colour submenus stand in.
     case MenuCommand::OpenColorSettings:
       return false;

@@ -17,6 +17,9 @@ constexpr double kBorderInset = 12;
 constexpr double kLastRowBorderCut = 10;
 constexpr double kStepTolerance = 0.5;
 constexpr Size kLockMarker{16, 2};
+// The start button, 30 by 28, in the middle of the first 50 points of the row.
+constexpr double kStartButtonLeading = 10;
+constexpr Size kStartButton{30, 28};
 
 // Places rectangles given along the bar (u) and away from the screen edge (v)
 // in the content's coordinates.
@@ -74,6 +77,11 @@ TaskbarDrawing drawTaskbar(const TaskbarDrawingInput& input) {
   bool isTop = band.top();
   double length = drawing.length;
   drawing.primaryRow = band.place(0, 0, length, kPrimaryRowThickness);
+  if (!isSideEdge(input.location)) {
+    drawing.startButton.emplace();
+    drawing.startButton->frame =
+        band.place(kStartButtonLeading, kRowPadding, kStartButton.width, kStartButton.height);
+  }
 
   // The cards, nearest first, as they stand one after the other.
   struct Placed {

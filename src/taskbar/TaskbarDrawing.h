@@ -53,6 +53,15 @@ struct CardDrawing {
 
 // Everything drawn in one bar, in its content coordinates: a horizontal strip
 // `length` long and `thickness` thick, y down, before any turn to a side edge.
+// The start button at the leading end of a horizontal bar's primary row.
+struct StartButtonDrawing {
+  Rect frame;
+  Image icon;           // drawn when present
+  std::string glyph;    // drawn otherwise
+  bool locked = false;  // the menu stays open: a yellow lock
+  bool operator==(const StartButtonDrawing&) const = default;
+};
+
 struct TaskbarDrawing {
   double length = 0;
   double thickness = 0;
@@ -67,6 +76,8 @@ struct TaskbarDrawing {
   std::vector<TrayControl> tray;
   // Where the plea to grant accessibility stands, behind the settings tab.
   std::optional<Rect> accessibilityNotice;
+  // Side bars have none: their task strip begins at the top.
+  std::optional<StartButtonDrawing> startButton;
   ContentTransform toPanel;  // from content to the panel's own coordinates
 };
 

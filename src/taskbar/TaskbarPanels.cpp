@@ -1,4 +1,5 @@
 #include "taskbar/TaskbarPanels.h"
+#include "model/Text.h"
 
 #include <cmath>
 
@@ -13,6 +14,7 @@ namespace tolv {
 namespace {
 
 constexpr double kPrimaryRowReserve = 400;
+constexpr const char* kDefaultStartGlyph = "ⓣ";
 constexpr double kRefitTolerance = 0.5;
 constexpr int kMaximumRefreshRounds = 4;
 
@@ -242,10 +244,28 @@ void TaskbarPanels::refreshContent() {
       input.tray = &tray;
       panel->drawing = drawTaskbar(input);
       decorateTabs(model_, panel->layout, panel->drawing);
+      if (panel->drawing.startButton) decorateStartButton(*panel->drawing.startButton);
     }
   } while (refreshAgain_ && ++rounds < kMaximumRefreshRounds);
   refreshing_ = false;
   contentChanged_.emit();
+}
+
+void TaskbarPanels::decorateStartButton(StartButtonDrawing& button) {
+  const Settings& settings = model_.settings;
+  const std::string& choice = settings.startIconChoice;
+  button.locked = settings.lockApplicationsContainerToTaskbar;
+  button.glyph = kDefaultStartGlyph;
+  if (choice == "App Icon" || choice == "Custom Image") {
+    // Read once: the picture doesn't change while the program runs.
+    if (!startIcon_) startIcon_ = model_.ownApplicationIcon();
+    button.icon = *startIcon_;
+  } else if (choice == "Custom") {
+    std::string first = firstGrapheme(settings.customStartIcon);
+    if (!first.empty()) button.glyph = first;
+  } else {
+    button.glyph = choice;
+  }
 }
 
 void TaskbarPanels::trackPointer(Point location) {

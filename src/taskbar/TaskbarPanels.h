@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -101,6 +102,8 @@ class TaskbarPanels {
                                             const Screen& screen, const Rect& frame,
                                             bool isLeftCorner);
   void layOut(TaskbarPanel& panel);
+  // The start button's picture, letter and lock, as the settings choose them.
+  void decorateStartButton(StartButtonDrawing& button);
   void trackPointer(Point location);
   void noticeSettings();
   void postRebuild();
@@ -115,6 +118,7 @@ class TaskbarPanels {
   std::vector<std::unique_ptr<TriggerPanel>> cornerTriggers_;
   std::string location_;
   std::string mediaSliderDisplay_;
+  std::optional<Image> startIcon_;
   uint64_t nextSerial_ = 1;
   bool refreshing_ = false;
   bool rebuildPosted_ = false;

@@ -65,6 +65,10 @@ class FakeStartMenu : public StartMenuController {
     visible = true;
   }
   bool containsPointer() const override { return visible; }
+  void setOpacity(double alpha) override {
+    if (alpha <= 0.01) visible = false;
+  }
+  void close() override { visible = false; }
 
   bool visible = false;
   std::vector<Rect> shownFrom;

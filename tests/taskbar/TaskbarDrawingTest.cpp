@@ -235,5 +235,23 @@ TEST(TaskbarDrawing, TheTrayEndsThePrimaryRowAndItsOverflowPartFollowsTheFirstCa
   EXPECT_EQ(bar.draw().tray.size(), 3u) << "a tucked card shows no controls";
 }
 
+TEST(TaskbarDrawing, TheStartButtonLeadsTheRowOfHorizontalBarsOnly) {
+  double height = expandedPanelHeight(0);
+  auto startOf = [&](std::string_view location, Rect panel) -> std::optional<Rect> {
+    Bar bar(2, location, panel, 1440);
+    auto drawing = bar.draw();
+    if (!drawing.startButton) return std::nullopt;
+    return onScreen(drawing, drawing.startButton->frame, panel);
+  };
+  EXPECT_EQ(startOf("bottomL", {0, 0, 1440, height}), (Rect{10, 3, 30, 28}));
+  // A right-anchored bar starts at its right end.
+  EXPECT_EQ(startOf("bottomR", {0, 0, 1440, height}), (Rect{1400, 3, 30, 28}));
+  // A top bar's row hangs from the panel's top.
+  auto top = startOf("topL", {0, 900 - height, 1440, height});
+  ASSERT_TRUE(top);
+  EXPECT_DOUBLE_EQ(top->maxY(), 900 - 3);
+  EXPECT_FALSE(startOf("leftSide", {0, 0, height, 900}));
+}
+
 }  // namespace
 }  // namespace tolv

@@ -286,6 +286,7 @@ DesktopSetup readDesktop(JsonReader desktop) {
   }
   setup.bundlePath = desktop.string("bundlePath");
   setup.relaunchFailure = desktop.string("relaunchFails");
+  setup.installedApplications = readInstalledApplications(desktop);
   desktop.finish();
   return setup;
 }
@@ -314,6 +315,7 @@ void buildDesktop(sim::SimDesktop& desktop, const DesktopSetup& setup) {
     desktop.workspace().setMainBundle(bundle);
   }
   desktop.instanceLauncher().setLaunchFailure(setup.relaunchFailure);
+  installApplications(desktop, setup.installedApplications);
 }
 
 }  // namespace tolv::scenario

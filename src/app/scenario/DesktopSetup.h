@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "app/scenario/JsonReader.h"
+#include "app/scenario/StartMenuSetup.h"
 #include "app/scenario/TraySetup.h"
 #include "platform/PropertyValue.h"
 #include "platform/Screens.h"
@@ -38,6 +39,8 @@ struct DesktopSetup {
   std::optional<std::string> bundlePath;
   // The description a restart's new instance fails with; nothing: it starts.
   std::optional<std::string> relaunchFailure;
+  // The applications the start menu finds installed.
+  std::vector<sim::CatalogueEntry> installedApplications;
 
   // The keys windows and events name spaces by: the uuid, else "msid:" + number.
   std::set<std::string> spaceIdentifiers() const;

@@ -39,6 +39,9 @@ class ScenarioViews {
   // A wheel event at a point of the design's coordinates, as a precise
   // (trackpad) delta or a line delta; whether a control consumed it.
   virtual bool scroll(Point designPoint, double deltaY, bool precise) = 0;
+  // A key that reached the window with the keyboard focus: the start menu's
+  // search box while the menu is open.
+  virtual void typeKey(const std::string& key) = 0;
   // The main screen's drawn tray controls; nothing while there is no bar.
   virtual std::optional<nlohmann::json> describeTray() const = 0;
   // The menu the last right click opened and not yet closed.

@@ -1,12 +1,16 @@
 #include "app/view/PanelScenarioViews.h"
 
 #include <QBuffer>
+#include <QImage>
+#include <QSaveFile>
 
 #include "model/AppModel.h"
 #include "platform/qt/QtTextMeasurer.h"
+#include "startmenu/view/StartMenuPanelController.h"
 #include "switcher/LumoSwitcherController.h"
 #include "switcher/view/LumoSwitcherPanel.h"
 #include "taskbar/FixedTextMeasurer.h"
+#include "taskbar/PanelDescription.h"
 #include "taskbar/TaskMenus.h"
 #include "taskbar/view/TaskbarPanelController.h"
 
@@ -23,6 +27,11 @@ ControllerFactories PanelScenarioViews::controllerFactories(scenario::TextMeasur
   }
   ControllerFactories factories;
   TextMeasurer& measurer = *measurer_;
+  factories.makeStartMenu = [this](AppModel& model) {
+    auto controller = std::make_unique<StartMenuPanelController>(model);
+    startMenu_ = controller.get();
+    return controller;
+  };
   factories.makeTaskbar = [this, &measurer](AppModel& model, AutoHideHooks hooks) {
     auto controller = std::make_unique<TaskbarPanelController>(model, measurer, std::move(hooks));
     taskbar_ = controller.get();
@@ -46,7 +55,10 @@ ControllerFactories PanelScenarioViews::controllerFactories(scenario::TextMeasur
 
 std::optional<nlohmann::json> PanelScenarioViews::describePanels() const {
   if (!taskbar_) return std::nullopt;
-  return taskbar_->describePanels();
+  nlohmann::json panels = taskbar_->describePanels();
+  // The start menu is listed from its first opening on.
+  if (startMenu_ && startMenu_->wasShown()) panels.push_back(startMenu_->describePanel());
+  return panels;
 }
 
 std::optional<nlohmann::json> PanelScenarioViews::describeRows() const {
@@ -61,12 +73,18 @@ const TaskRowLayout* PanelScenarioViews::mainLayout() const {
 bool PanelScenarioViews::click(Point designPoint, bool rightButton) {
   if (!taskbar_) return false;
   MouseButton button = rightButton ? MouseButton::Right : MouseButton::Left;
-  return taskbar_->clickTray(designPoint, button) ||
+  if (startMenu_ && startMenu_->press(designPoint, button)) return false;
+  return taskbar_->clickStartButton(designPoint, button) ||
+         taskbar_->clickTray(designPoint, button) ||
          taskbar_->click(designPoint, button).has_value();
 }
 
 bool PanelScenarioViews::scroll(Point designPoint, double deltaY, bool precise) {
   return taskbar_ && taskbar_->scroll(designPoint, deltaY, precise);
+}
+
+void PanelScenarioViews::typeKey(const std::string& key) {
+  if (startMenu_) startMenu_->typeKey(key);
 }
 
 std::optional<nlohmann::json> PanelScenarioViews::describeTray() const {
@@ -91,7 +109,24 @@ std::vector<std::string> PanelScenarioViews::saveSnapshots(const std::string& di
                                                            const std::string& checkpoint,
                                                            const DesktopScene& desktop) const {
   std::vector<std::string> written;
-  if (taskbar_) written = taskbar_->saveSnapshots(directory, checkpoint, desktop);
+  if (!taskbar_) return written;
+  written = taskbar_->saveSnapshots(directory, checkpoint, desktop);
+  if (startMenu_ && startMenu_->isVisible()) {
+    // The open menu over the picture of its screen's bar.
+    size_t screen = startMenu_->screenIndex();
+    std::string barPicture =
+        directory + "/" + snapshotFileName(checkpoint, panelKindName(PanelKind::Taskbar), screen);
+    QImage picture(QString::fromStdString(barPicture));
+    for (const auto& panel : taskbar_->panels().panels()) {
+      if (picture.isNull() || panel->screenIndex != screen) continue;
+      startMenu_->paintOnto(picture, panel->screen.frame);
+      std::string path = directory + "/" + snapshotFileName(checkpoint, "startMenu", screen);
+      QSaveFile file(QString::fromStdString(path));
+      if (file.open(QIODevice::WriteOnly) && picture.save(&file, "PNG") && file.commit()) {
+        written.push_back(path);
+      }
+    }
+  }
   if (switcherPanel_ && switcherPanel_->isVisible() && files_->createDirectories(directory)) {
     QByteArray png;
     QBuffer buffer(&png);

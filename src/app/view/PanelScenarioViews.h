@@ -6,6 +6,7 @@
 
 namespace tolv {
 
+class StartMenuPanelController;
 class TaskbarPanelController;
 class LumoSwitcherPanel;
 class FileSystem;
@@ -25,6 +26,7 @@ class PanelScenarioViews : public scenario::ScenarioViews {
   bool click(Point designPoint, bool rightButton) override;
   void drag(const std::vector<Point>& path, bool rightButton) override;
   bool scroll(Point designPoint, double deltaY, bool precise) override;
+  void typeKey(const std::string& key) override;
   std::optional<nlohmann::json> describeTray() const override;
   std::optional<nlohmann::json> openMenu() const override;
   bool chooseMenuItem(const std::string& title) override;
@@ -39,6 +41,7 @@ class PanelScenarioViews : public scenario::ScenarioViews {
   LumoSwitcherPanel* switcherPanel_ = nullptr;
   // Where the switcher's pictures are written.
   FileSystem* files_ = nullptr;
+  StartMenuPanelController* startMenu_ = nullptr;
 };
 
 }  // namespace tolv

@@ -9,6 +9,7 @@
 #include "platform/posix/PosixFileSystem.h"
 #include "platform/sim/SimAccessibility.h"
 #include "platform/sim/SimAlerts.h"
+#include "platform/sim/SimApplications.h"
 #include "platform/sim/SimHotKeys.h"
 #include "platform/sim/SimImages.h"
 #include "platform/sim/SimInput.h"
@@ -47,7 +48,8 @@ SimDesktop::SimDesktop()
       systemCommands_(std::make_unique<SimSystemCommands>(*this, *input_, calls_)),
       instanceLauncher_(std::make_unique<SimInstanceLauncher>(*this, calls_)),
       fileViewer_(std::make_unique<SimFileViewer>(*this, calls_)),
-      screenCapture_(std::make_unique<SimScreenCapture>(*this)) {
+      screenCapture_(std::make_unique<SimScreenCapture>(*this)),
+      applications_(std::make_unique<SimApplications>(*this, calls_)) {
   setSpaces({});
   alerts_ = std::make_unique<SimAlerts>(screens_.get());
   std::string pattern = (std::filesystem::temp_directory_path() / "tolv-sim-XXXXXX").string();
@@ -98,6 +100,7 @@ Platform SimDesktop::platform() {
   platform.instanceLauncher = instanceLauncher_.get();
   platform.fileViewer = fileViewer_.get();
   platform.screenCapture = screenCapture_.get();
+  platform.applications = applications_.get();
   return platform;
 }
 

@@ -142,6 +142,7 @@ class SimSystemCommands;
 class SimInstanceLauncher;
 class SimFileViewer;
 class SimScreenCapture;
+class SimApplications;
 
 // A macOS-like desktop in memory: applications, windows, their accessibility
 // elements and the window server's view of them, user defaults and a virtual
@@ -181,6 +182,7 @@ class SimDesktop {
   SimInstanceLauncher& instanceLauncher() { return *instanceLauncher_; }
   SimFileViewer& fileViewer() { return *fileViewer_; }
   SimScreenCapture& screenCapture() { return *screenCapture_; }
+  SimApplications& applications() { return *applications_; }
   // The application's runtime log, handed on in platform().
   void setRuntimeIssueLog(RuntimeIssueLog* log) { runtimeIssueLog_ = log; }
   NotificationCenter& notificationCenter() { return notificationCenter_; }
@@ -350,6 +352,7 @@ class SimDesktop {
   std::unique_ptr<SimInstanceLauncher> instanceLauncher_;
   std::unique_ptr<SimFileViewer> fileViewer_;
   std::unique_ptr<SimScreenCapture> screenCapture_;
+  std::unique_ptr<SimApplications> applications_;
   RuntimeIssueLog* runtimeIssueLog_ = nullptr;
   std::unique_ptr<FileSystem> fileSystem_;
   NotificationCenter notificationCenter_;

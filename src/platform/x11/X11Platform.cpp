@@ -14,6 +14,7 @@
 #include "platform/x11/PulseVolume.h"
 #include "platform/x11/UPowerBattery.h"
 #include "platform/x11/X11Accessibility.h"
+#include "platform/x11/X11Applications.h"
 #include "platform/x11/X11Clients.h"
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11HotKeys.h"
@@ -54,6 +55,7 @@ struct X11Platform::Services {
   std::unique_ptr<PulseVolume> audio;
   std::unique_ptr<Backlight> brightness;
   DesktopFileViewer fileViewer;
+  X11Applications applications;
   NotificationCenter notificationCenter;
   NotificationCenter distributedNotificationCenter;
 };
@@ -120,6 +122,7 @@ std::unique_ptr<X11Platform> X11Platform::open(const std::string& display, std::
   p.systemCommands = s.systemCommands.get();
   p.fileViewer = &s.fileViewer;
   p.screenCapture = s.screenCapture.get();
+  p.applications = &s.applications;
 
   // A defaults file that can't be read is noted in the runtime log, which the
   // application gives the platform after it is made; the note is only written,

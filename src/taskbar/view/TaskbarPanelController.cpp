@@ -65,6 +65,7 @@ TaskbarPanelController::TaskbarPanelController(AppModel& model, TextMeasurer& me
 }
 
 AutoHideHooks TaskbarPanelController::withPopupHooks(AutoHideHooks hooks) {
+  onStart_ = hooks.onStart;
   // The popups of the bar are this controller's: they close when the bar
   // hides, and the workspace list keeps the bar in view while it is used.
   if (!hooks.dismissOpenPopups) hooks.dismissOpenPopups = [this] { dismissOpenPopups(); };
@@ -346,7 +347,27 @@ nlohmann::json TaskbarPanelController::describeTray() const {
   return tolv::describeTray(*panels_);
 }
 
+bool TaskbarPanelController::clickStartButton(Point designPoint, MouseButton button) {
+  for (const auto& panel : panels_->panels()) {
+    const auto& start = panel->drawing.startButton;
+    if (!start || !panel->window->isVisible()) continue;
+    Rect frame =
+        panelToDesign(panel->drawing.toPanel.mapRect(start->frame), panel->window->frame());
+    if (!frame.contains(designPoint)) continue;
+    if (button != MouseButton::Left) return true;
+    if (model_.settings.lockApplicationsContainerToTaskbar) {
+      model_.settings.lockApplicationsContainerToTaskbar = false;
+      model_.persistSettings();
+      panels_->refreshContent();
+    }
+    if (onStart_) onStart_(panel->window->frame());
+    return true;
+  }
+  return false;
+}
+
 void TaskbarPanelController::pointerClicked(Point designPoint, MouseButton button) {
+  if (clickStartButton(designPoint, button)) return;
   if (clickTray(designPoint, button)) return;
   auto report = click(designPoint, button);
   if (report && report->decision.result == ClickResult::OpenMenu) popUpLastMenu();

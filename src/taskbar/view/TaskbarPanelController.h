@@ -64,6 +64,9 @@ class TaskbarPanelController : public TaskbarController {
   void pointerEvent(Point designPoint, MouseButton button, PointerPhase phase);
   // A click on a tray control; whether one was under the point.
   bool clickTray(Point designPoint, MouseButton button);
+  // A left click on a start button opens the menu, or closes the open one; a
+  // menu locked open is unlocked first. Whether a start button was there.
+  bool clickStartButton(Point designPoint, MouseButton button);
   // A wheel turn at a point; whether a tray control consumed it.
   bool scroll(Point designPoint, double deltaY, bool precise);
   // The main screen's drawn tray controls in order.
@@ -129,6 +132,8 @@ class TaskbarPanelController : public TaskbarController {
   void syncTrayPopup();
 
   AppModel& model_;
+  // Opens or closes the start menu from a panel's frame; kept from the hooks.
+  std::function<void(const Rect&)> onStart_;
   std::unique_ptr<WindowFactory> factory_;
   std::unique_ptr<TaskbarPanels> panels_;
   std::unique_ptr<AutoHide> autoHide_;

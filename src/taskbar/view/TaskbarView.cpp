@@ -1,11 +1,14 @@
 #include "taskbar/view/TaskbarView.h"
 
+#include <algorithm>
+
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <QWheelEvent>
 
 #include "model/AppModel.h"
+#include "platform/qt/QtImages.h"
 #include "taskbar/TabColors.h"
 #include "taskbar/TaskbarLocation.h"
 #include "taskbar/TaskbarPanels.h"
@@ -101,6 +104,30 @@ void paintDragMarks(QPainter& painter, const TabDrawing& tab, const TaskDragStat
     path.addRoundedRect(QRectF(x, f.y + handle.y, handle.width, handle.height), 1.5, 1.5);
     painter.fillPath(path, white);
   }
+}
+
+// The start button: its picture or its letter, and a yellow lock while the
+// menu is locked open.
+void paintStartButton(QPainter& painter, const StartButtonDrawing& button, double iconSize) {
+  QRectF frame = toQt(button.frame);
+  if (button.locked) {
+    drawGlyph(painter, Glyph::Lock, QRectF(frame.center().x() - 7, frame.center().y() - 7, 14, 14),
+              kLockMarker, 2);
+    return;
+  }
+  QImage image = qt::unwrap(button.icon);
+  double side = std::min({iconSize, frame.width(), frame.height()});
+  QRectF square(frame.center().x() - side / 2, frame.center().y() - side / 2, side, side);
+  if (!image.isNull()) {
+    painter.save();
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(square, image);
+    painter.restore();
+    return;
+  }
+  painter.setPen(Qt::white);
+  painter.setFont(systemFont(side * 0.8, true));
+  painter.drawText(frame, Qt::AlignCenter, QString::fromStdString(button.glyph));
 }
 
 TrayLook trayLook(const AppModel& model) {
@@ -216,6 +243,9 @@ void TaskbarView::paintEvent(QPaintEvent*) {
   }
   if (drawing.bufferStrip) drawBufferStrip(painter, toQt(*drawing.bufferStrip), base);
   painter.fillRect(toQt(drawing.primaryRow), base);
+  if (drawing.startButton) {
+    paintStartButton(painter, *drawing.startButton, settings.appContainerIconSize);
+  }
   for (const auto& tab : drawing.tabs) {
     if (tab.row != 0) continue;
     paintTab(painter, tab);

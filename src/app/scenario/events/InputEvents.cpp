@@ -132,7 +132,7 @@ const EventRegistration kKey{
       if (auto found = kModifiers.find(key); found != kModifiers.end()) modifierKey = found->second;
       const bool goesDown = phase != "up";
       const bool comesUp = phase != "down";
-      return StepAction([goesDown, comesUp, code, modifiers, modifierKey](RunContext& run) {
+      return StepAction([goesDown, comesUp, code, modifiers, modifierKey, key](RunContext& run) {
         sim::SimHotKeys& keys = run.desktop->hotKeys();
         if (modifierKey) {
           if (goesDown) keys.holdModifiers(keys.heldModifiers() | *modifierKey);
@@ -141,7 +141,11 @@ const EventRegistration kKey{
         }
         if (!goesDown) return;
         run.desktop->pointer().pressKey();
-        if (code) keys.press(*code, modifiers);
+        bool taken = code && keys.press(*code, modifiers);
+        // What no hot key took goes on to the focused field, unless a command
+        // modifier makes it a shortcut.
+        bool typed = (modifiers & ~key_modifier::Shift) == 0;
+        if (!taken && typed && run.views) run.views->typeKey(key);
       });
     }};
 
