@@ -9,6 +9,7 @@
 #include "model/Text.h"
 #include "platform/qt/QtImages.h"
 #include "startmenu/StartMenuPlacement.h"
+#include "taskbar/view/RoundedPath.h"
 #include "taskbar/view/TabPainter.h"
 
 namespace tolv {
@@ -32,22 +33,6 @@ QColor layerColor(double red, double green, double blue, double opacity) {
 
 QColor menuWhite(double opacity) {
   return layerColor(1, 1, 1, opacity);
-}
-
-// A rectangle with its own radius at each corner.
-QPainterPath outline(const QRectF& r, const CornerRadii& radii) {
-  QPainterPath path;
-  path.moveTo(r.left() + radii.topLeft, r.top());
-  path.lineTo(r.right() - radii.topRight, r.top());
-  path.quadTo(r.right(), r.top(), r.right(), r.top() + radii.topRight);
-  path.lineTo(r.right(), r.bottom() - radii.bottomRight);
-  path.quadTo(r.right(), r.bottom(), r.right() - radii.bottomRight, r.bottom());
-  path.lineTo(r.left() + radii.bottomLeft, r.bottom());
-  path.quadTo(r.left(), r.bottom(), r.left(), r.bottom() - radii.bottomLeft);
-  path.lineTo(r.left(), r.top() + radii.topLeft);
-  path.quadTo(r.left(), r.top(), r.left() + radii.topLeft, r.top());
-  path.closeSubpath();
-  return path;
 }
 
 QPainterPath notchPath(const NotchOutline& notch) {
@@ -97,7 +82,7 @@ void StartMenuView::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setRenderHint(QPainter::TextAntialiasing);
 
-  QPainterPath shape = outline(QRectF(rect()), startMenuOuterCorners(location));
+  QPainterPath shape = roundedRect(QRectF(rect()), startMenuOuterCorners(location));
   painter.setClipPath(shape);
   double opacity = settings.menuOpacity;
   painter.fillRect(rect(), layerColor(0.08, 0.09, 0.087, opacity));

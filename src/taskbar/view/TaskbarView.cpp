@@ -13,6 +13,7 @@
 #include "taskbar/TaskbarLocation.h"
 #include "taskbar/TaskbarPanels.h"
 #include "taskbar/view/Glyphs.h"
+#include "taskbar/view/RoundedPath.h"
 #include "taskbar/view/TabPainter.h"
 #include "taskbar/view/TrayPainter.h"
 
@@ -39,21 +40,6 @@ QColor settingColor(const std::string& value, const QColor& fallback, double opa
   if (!color.isValid()) color = fallback;
   color.setAlphaF(static_cast<float>(opacity));
   return color;
-}
-
-QPainterPath roundedRect(const QRectF& r, const CornerRadii& radii) {
-  QPainterPath path;
-  path.moveTo(r.left() + radii.topLeft, r.top());
-  path.lineTo(r.right() - radii.topRight, r.top());
-  path.quadTo(r.right(), r.top(), r.right(), r.top() + radii.topRight);
-  path.lineTo(r.right(), r.bottom() - radii.bottomRight);
-  path.quadTo(r.right(), r.bottom(), r.right() - radii.bottomRight, r.bottom());
-  path.lineTo(r.left() + radii.bottomLeft, r.bottom());
-  path.quadTo(r.left(), r.bottom(), r.left(), r.bottom() - radii.bottomLeft);
-  path.lineTo(r.left(), r.top() + radii.topLeft);
-  path.quadTo(r.left(), r.top(), r.left() + radii.topLeft, r.top());
-  path.closeSubpath();
-  return path;
 }
 
 void drawBufferStrip(QPainter& painter, const QRectF& strip, const QColor& base) {
